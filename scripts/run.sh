@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Starts the tool on the embedded default: a working copy of the sample installation and a
+# registry file that points at it.
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+build=${1:-$top/build}
+run=$build/run
+
+mkdir -p "$run/installation"
+# Fill in what the working copy lacks; what earlier runs wrote there is kept.
+cp -rn "$top/simulator/installation/." "$run/installation/"
+
+cat > "$run/registry.ini" <<INI
+[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]
+Path=$run/installation/
+Version=6.2.2
+FirmwareVersion=6.2.2
+TemplatesVersion=3.1.0
+
+[HKEY_LOCAL_MACHINE/Software/TARN SYSTEMS LTD/TGx Connect]
+Path=$run/installation/tgxconnect/
+Version=2.4.1
+INI
+
+export TGX_REGISTRY=$run/registry.ini
+if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  echo "No display: starting the tool under xvfb-run (nothing will be visible)." >&2
+  exec xvfb-run -a -s '-screen 0 1600x1200x24' "$build/tgxconfig" "$@"
+fi
+exec "$build/tgxconfig"

@@ -1,0 +1,52 @@
+#include "app/device_type_table.h"
+
+#include "app/installation_environment.h"
+#include "project/project.h"
+
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/textfile.h>
+#include <wx/tokenzr.h>
+
+wxString DeviceTypeTable::Text(int column, int row) const
+{
+    if (column < 1 || column > kDeviceTypeColumns || row < 0 || row >= deviceTypeCount)
+        return wxString();
+    return GetText(cells[column - 1][row]);
+}
+
+wxString DeviceTypeFilePath(const InstallationEnvironment& env)
+{
+    wxFileName file;
+    file.AssignDir(env.TgxTemplatesPath);
+    file.AppendDir("BUILD");
+    file.SetFullName("ct.cfg");
+    return file.GetFullPath();
+}
+
+void ParseDeviceTypeLine(const wxString& line, DeviceTypeTable& table)
+{
+    // The blank after DEV_TYPE is part of the prefix: a tab there does not count.
+    wxString rest;
+    if (!line.StartsWith("DEV_TYPE ", &rest) || table.deviceTypeCount >= kMaxDeviceTypes)
+        return;
+    wxStringTokenizer tokens(rest, " \t\r\n", wxTOKEN_STRTOK);
+    if (tokens.CountTokens() != kDeviceTypeColumns)
+        return;
+    for (int column = 0; column < kDeviceTypeColumns; ++column)
+        SetText(table.cells[column][table.deviceTypeCount], kDeviceTypeTextSize, tokens.GetNextToken());
+    ++table.deviceTypeCount;
+}
+
+bool LoadDeviceTypeTable(const wxString& path, DeviceTypeTable& table)
+{
+    if (!wxFileExists(path))
+        return false;
+    wxLogNull quiet;  // an unreadable file reads as an empty table, as a damaged line is skipped
+    wxTextFile file;
+    if (!file.Open(path))
+        return true;
+    for (size_t i = 0; i < file.GetLineCount(); ++i)
+        ParseDeviceTypeLine(file[i], table);
+    return true;
+}

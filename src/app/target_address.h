@@ -1,0 +1,13 @@
+// The gateway the device commands talk to.
+#pragma once
+
+#include <wx/string.h>
+
+// Start-up address of the target. The command line's "-a" option is declared but, as in every
+// shipped version, never parsed, so this stays as initialised.
+extern wxString initialTargetAddress;
+
+struct TargetAddress {
+    wxString targetEntry;  // as last accepted in the address prompt, port included
+    wxString targetHost;   // host part only; substituted into the tool command lines
+};

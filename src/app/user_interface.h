@@ -1,0 +1,65 @@
+// The port through which the logic talks to the person at the screen. The desktop tool shows
+// real dialogs; tests answer from a script; a console front end prints and reads.
+#pragma once
+
+#include <wx/string.h>
+
+enum class MessageIcon { None, Information, Warning, Error, Exclamation };
+
+// A modal message box with an OK button. An empty caption means the toolkit's default caption.
+struct MessageForm {
+    wxString text;
+    wxString caption;
+    MessageIcon icon = MessageIcon::None;
+};
+
+// A Yes/No question; only Yes continues.
+struct QuestionForm {
+    wxString text;
+    wxString caption = "Warning";
+    MessageIcon icon = MessageIcon::None;
+};
+
+// A line of text to type. allowedChars empty: any character may be typed.
+struct TextEntryForm {
+    wxString message;
+    wxString caption;
+    wxString value;
+    wxString allowedChars;
+};
+
+// A file to open or save; path receives the choice.
+struct FileChoiceForm {
+    wxString title;
+    wxString folder;
+    wxString fileName;
+    wxString wildcard;
+    bool save = false;
+    bool overwritePrompt = false;
+    bool mustExist = false;
+    wxString path;
+};
+
+class UserInterface {
+public:
+    virtual ~UserInterface() = default;
+
+    virtual void ShowMessage(const MessageForm& form) = 0;
+    virtual bool AskYesNo(const QuestionForm& form) = 0;
+    // False when cancelled; on OK form.value holds the text.
+    virtual bool EnterText(TextEntryForm& form) = 0;
+    // False when cancelled; on OK form.path holds the file.
+    virtual bool ChooseFile(FileChoiceForm& form) = 0;
+
+    // An indeterminate, application-modal progress dialog pulsed once per step.
+    virtual void BeginProgress(const wxString& title, const wxString& message) = 0;
+    virtual void PulseProgress(const wxString& text) = 0;
+    virtual void EndProgress() = 0;
+
+    // Rewrites the main panel and menus from the project.
+    virtual void RefreshPanel() = 0;
+    virtual void ShowStatus(const wxString& text) = 0;
+
+    // Shorthand for a plain notice with the default caption.
+    void ShowMessage(const wxString& text) { ShowMessage(MessageForm{text, wxString(), MessageIcon::None}); }
+};

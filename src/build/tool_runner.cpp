@@ -1,0 +1,33 @@
+#include "build/tool_runner.h"
+
+#include <wx/filefn.h>
+#include <wx/log.h>
+#include <wx/utils.h>
+
+long WxToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
+{
+    output.Clear();
+    return wxExecute(command, output, wxEXEC_NODISABLE);
+}
+
+long WxToolRunner::RunBlockingHidden(const wxString& command)
+{
+    return wxExecute(command, wxEXEC_SYNC | wxEXEC_NOEVENTS | wxEXEC_HIDE_CONSOLE);
+}
+
+long WxToolRunner::RunDetached(const wxString& command)
+{
+    return wxExecute(command, wxEXEC_ASYNC);
+}
+
+bool WxToolRunner::SetWorkingDirectory(const wxString& directory)
+{
+    // Callers judge the tool run that follows; the toolkit's own log box would only add noise.
+    wxLogNull quiet;
+    return wxSetWorkingDirectory(directory);
+}
+
+void WxToolRunner::SetEnvironment(const wxString& name, const wxString& value)
+{
+    wxSetEnv(name, value);
+}

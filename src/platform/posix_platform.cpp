@@ -1,0 +1,91 @@
+#include "platform/posix_platform.h"
+
+#ifndef __WINDOWS__
+
+#include <wx/fileconf.h>
+#include <wx/filefn.h>
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/stdpaths.h>
+#include <wx/utils.h>
+#include <wx/wfstream.h>
+
+namespace {
+
+// Reads one key's group of the registry file; false when the file or the group is missing.
+bool ReadGroup(const wxString& file, const wxString& group, const wxString& name, wxString* value)
+{
+    wxLogNull quiet;  // a damaged file reads as a missing key, without a log box
+    if (file.empty() || !wxFileExists(file))
+        return false;
+    wxFileInputStream stream(file);
+    if (!stream.IsOk())
+        return false;
+    wxFileConfig config(stream);
+    config.SetExpandEnvVars(false);
+    if (!config.HasGroup(group))
+        return false;
+    if (value != nullptr && !config.Read(group + "/" + name, value))
+        value->clear();
+    return true;
+}
+
+}  // namespace
+
+PosixPlatform::PosixPlatform(const wxString& registryFile)
+    : registryFile(registryFile.empty() ? DefaultRegistryFile() : registryFile)
+{
+}
+
+wxString PosixPlatform::DefaultRegistryFile()
+{
+    wxString file;
+    if (wxGetEnv("TGX_REGISTRY", &file) && !file.empty())
+        return file;
+    wxString configHome;
+    if (!wxGetEnv("XDG_CONFIG_HOME", &configHome) || configHome.empty())
+        configHome = wxGetHomeDir() + "/.config";
+    return configHome + "/tgx/registry.ini";
+}
+
+wxString PosixPlatform::RegistryGroup(RegistryHive hive, const wxString& key)
+{
+    wxString group = hive == RegistryHive::CurrentUser ? "/HKEY_CURRENT_USER/" : "/HKEY_LOCAL_MACHINE/";
+    wxString path = key;
+    path.Replace("\\", "/");
+    return group + path;
+}
+
+bool PosixPlatform::RegistryKeyExists(RegistryHive hive, const wxString& key)
+{
+    return ReadGroup(registryFile, RegistryGroup(hive, key), wxString(), nullptr);
+}
+
+wxString PosixPlatform::RegistryValue(RegistryHive hive, const wxString& key, const wxString& name)
+{
+    wxString value;
+    if (!ReadGroup(registryFile, RegistryGroup(hive, key), name, &value))
+        value.clear();
+    return value;
+}
+
+wxString PosixPlatform::DocumentsDir() const
+{
+    return wxStandardPaths::Get().GetDocumentsDir();
+}
+
+wxString PosixPlatform::SilentUpdaterCommand(const wxString& softwarePath) const
+{
+    // No PowerShell here: an updater shipped in the software folder is run directly, if present.
+    const wxString updater = softwarePath + "updater";
+    if (!wxFileName::IsFileExecutable(updater))
+        return wxString();
+    return "./updater /silent";
+}
+
+std::unique_ptr<Platform> CreatePlatform()
+{
+    return std::make_unique<PosixPlatform>();
+}
+
+#endif

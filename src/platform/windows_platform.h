@@ -1,0 +1,15 @@
+// Windows: the suite's registry keys through wxRegKey, PowerShell for the updater and the
+// installed-software listings.
+#pragma once
+
+#include "platform/platform.h"
+
+class WindowsPlatform : public Platform {
+public:
+    bool RegistryKeyExists(RegistryHive hive, const wxString& key) override;
+    wxString RegistryValue(RegistryHive hive, const wxString& key, const wxString& name) override;
+    wxString PathSeparator() const override { return "\\"; }
+    wxString DocumentsDir() const override;
+    wxString SilentUpdaterCommand(const wxString& softwarePath) const override;
+    wxArrayString InstalledSoftwareQueries() const override;
+};

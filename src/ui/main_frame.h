@@ -1,0 +1,89 @@
+// The main window: owns the installation, target and device types, and hands every command to
+// the logic in a line or two.
+#pragma once
+
+#include "app/app_context.h"
+#include "ui/main_frame_base.h"
+#include "ui/wx_user_interface.h"
+
+class MainFrame : public MainFrameBase {
+public:
+    // scriptedDialogs: when given, messages, questions and dialogs go to it instead of real
+    // windows (tests); the panel and the status bar stay real.
+    MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scriptedDialogs = nullptr);
+
+    // False when start-up ended in a fatal message; the application must then end.
+    bool StartedUp() const { return startedUp; }
+    AppContext& Context() { return context; }
+
+    // Writes the panel and the menu states from the project.
+    void RefreshPanelFromProject();
+
+    InstallationEnvironment env;
+    TargetAddress target;
+    DeviceTypeTable deviceTypes;
+
+protected:
+    void OnCloseFrame(wxCloseEvent& event) override;
+    void OnNew(wxCommandEvent& event) override;
+    void OnLoadFromDisk(wxCommandEvent& event) override;
+    void OnLoadFromTG7(wxCommandEvent& event) override;
+    void OnSave(wxCommandEvent& event) override;
+    void OnSaveAs(wxCommandEvent& event) override;
+    void OnCloseProject(wxCommandEvent& event) override;
+    void OnExit(wxCommandEvent& event) override;
+    void OnConfigure(wxCommandEvent& event) override;
+    void OnChangeNetworkSettings(wxCommandEvent& event) override;
+    void OnUpdateFirmware(wxCommandEvent& event) override;
+    void OnUploadInstallers(wxCommandEvent& event) override;
+    void OnReboot(wxCommandEvent& event) override;
+    void OnViewLiveData(wxCommandEvent& event) override;
+    void OnOptions(wxCommandEvent& event) override;
+    void OnRemoteComPort(wxCommandEvent& event) override;
+    void OnScan(wxCommandEvent& event) override;
+    void OnDocumentation(wxCommandEvent& event) override;
+    void OnCheckForUpdates(wxCommandEvent& event) override;
+    void OnAbout(wxCommandEvent& event) override;
+    void OnSerialModem(wxCommandEvent& event) override;
+    void OnSerialModbus(wxCommandEvent& event) override;
+    void OnInterfaceStandard(wxCommandEvent& event) override;
+    void OnBaudRate(wxCommandEvent& event) override;
+    void OnParity(wxCommandEvent& event) override;
+    void OnStopBits(wxCommandEvent& event) override;
+    void OnDeferralNone(wxCommandEvent& event) override;
+    void OnDeferralPartial(wxCommandEvent& event) override;
+    void OnDeferralFull(wxCommandEvent& event) override;
+    void OnRtuAddressKillFocus(wxFocusEvent& event) override;
+    void OnSwapBytes(wxCommandEvent& event) override;
+    void OnSwapWords(wxCommandEvent& event) override;
+    void OnSwapLongs(wxCommandEvent& event) override;
+    void OnNanControl(wxCommandEvent& event) override;
+    void OnPrimaryMaster(wxCommandEvent& event) override;
+    void OnSecondaryMaster(wxCommandEvent& event) override;
+    void OnAddDevice(wxCommandEvent& event) override;
+    void OnModifyDevice(wxCommandEvent& event) override;
+    void OnDeleteDevice(wxCommandEvent& event) override;
+    void OnDeviceDoubleClick(wxMouseEvent& event) override;
+    void OnDeviceSelected(wxCommandEvent& event) override;
+    void OnAddCommand(wxCommandEvent& event) override;
+    void OnModifyCommand(wxCommandEvent& event) override;
+    void OnDeleteCommand(wxCommandEvent& event) override;
+    void OnCommandDoubleClick(wxMouseEvent& event) override;
+    void OnCommandSelected(wxCommandEvent& event) override;
+    void OnEditModbusMap(wxCommandEvent& event) override;
+    void OnImportMapFromTG7(wxCommandEvent& event) override;
+    void OnImportMapFromProject(wxCommandEvent& event) override;
+    void OnAutomaticMap(wxCommandEvent& event) override;
+    void OnUserDefinedMap(wxCommandEvent& event) override;
+    void OnDeleteModbusMap(wxCommandEvent& event) override;
+    void OnExportMap(wxCommandEvent& event) override;
+    void OnDeviceEnable(wxCommandEvent& event) override;
+
+private:
+    WxUserInterface ui;
+    AppContext context;
+    bool startedUp = false;
+};
+
+// The one main window, set by the application at start-up.
+extern MainFrame* theMainFrame;

@@ -1,0 +1,120 @@
+#include "ui/wx_user_interface.h"
+
+#include "ui/main_frame.h"
+
+#include <wx/filedlg.h>
+#include <wx/msgdlg.h>
+#include <wx/progdlg.h>
+#include <wx/textdlg.h>
+#include <wx/valtext.h>
+
+namespace {
+
+long IconStyle(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Information: return wxICON_INFORMATION;
+    case MessageIcon::Warning: return wxICON_WARNING;
+    case MessageIcon::Error: return wxICON_ERROR;
+    case MessageIcon::Exclamation: return wxICON_EXCLAMATION;
+    case MessageIcon::None: break;
+    }
+    return 0;
+}
+
+wxString CaptionOrDefault(const wxString& caption)
+{
+    return caption.empty() ? wxString(wxMessageBoxCaptionStr) : caption;
+}
+
+}  // namespace
+
+WxUserInterface::WxUserInterface(MainFrame& frame, UserInterface* scriptedDialogs)
+    : frame(frame), scripted(scriptedDialogs)
+{
+}
+
+WxUserInterface::~WxUserInterface() = default;
+
+void WxUserInterface::ShowMessage(const MessageForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->ShowMessage(form);
+    wxMessageBox(form.text, CaptionOrDefault(form.caption), wxOK | wxCENTRE | IconStyle(form.icon), nullptr);
+}
+
+bool WxUserInterface::AskYesNo(const QuestionForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->AskYesNo(form);
+    return wxMessageBox(form.text, CaptionOrDefault(form.caption), wxYES_NO | wxCENTRE | IconStyle(form.icon),
+                        nullptr) == wxYES;
+}
+
+bool WxUserInterface::EnterText(TextEntryForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->EnterText(form);
+    wxTextEntryDialog dialog(&frame, form.message, form.caption, form.value, wxTextEntryDialogStyle);
+    if (!form.allowedChars.empty()) {
+        wxTextValidator validator(wxFILTER_INCLUDE_CHAR_LIST);
+        validator.SetCharIncludes(form.allowedChars);
+        dialog.SetTextValidator(validator);
+    }
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    form.value = dialog.GetValue();
+    return true;
+}
+
+bool WxUserInterface::ChooseFile(FileChoiceForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->ChooseFile(form);
+    long style = form.save ? wxFD_SAVE : wxFD_OPEN;
+    if (form.overwritePrompt)
+        style |= wxFD_OVERWRITE_PROMPT;
+    if (form.mustExist)
+        style |= wxFD_FILE_MUST_EXIST;
+    wxFileDialog dialog(&frame, form.title, form.folder, form.fileName, form.wildcard, style);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    form.path = dialog.GetPath();
+    return true;
+}
+
+void WxUserInterface::BeginProgress(const wxString& title, const wxString& message)
+{
+    if (scripted != nullptr)
+        return scripted->BeginProgress(title, message);
+    progress = std::make_unique<wxProgressDialog>(title, message, 100, &frame, wxPD_APP_MODAL);
+}
+
+void WxUserInterface::PulseProgress(const wxString& text)
+{
+    if (scripted != nullptr)
+        return scripted->PulseProgress(text);
+    if (progress)
+        progress->Pulse(text);
+}
+
+void WxUserInterface::EndProgress()
+{
+    if (scripted != nullptr)
+        return scripted->EndProgress();
+    progress.reset();
+}
+
+void WxUserInterface::RefreshPanel()
+{
+    frame.RefreshPanelFromProject();
+    if (scripted != nullptr)
+        scripted->RefreshPanel();
+}
+
+void WxUserInterface::ShowStatus(const wxString& text)
+{
+    frame.SetStatusText(text, 0);
+    if (scripted != nullptr)
+        scripted->ShowStatus(text);
+}

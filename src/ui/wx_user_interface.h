@@ -1,0 +1,34 @@
+// The desktop implementation of the UserInterface port: real message boxes and dialogs, the
+// main window's panel and status bar.
+#pragma once
+
+#include "app/user_interface.h"
+
+#include <memory>
+
+class MainFrame;
+class wxProgressDialog;
+
+class WxUserInterface : public UserInterface {
+public:
+    // scriptedDialogs: optional stand-in for the modal dialogs (tests); it also hears every
+    // panel refresh and status line.
+    WxUserInterface(MainFrame& frame, UserInterface* scriptedDialogs);
+    ~WxUserInterface() override;
+
+    using UserInterface::ShowMessage;
+    void ShowMessage(const MessageForm& form) override;
+    bool AskYesNo(const QuestionForm& form) override;
+    bool EnterText(TextEntryForm& form) override;
+    bool ChooseFile(FileChoiceForm& form) override;
+    void BeginProgress(const wxString& title, const wxString& message) override;
+    void PulseProgress(const wxString& text) override;
+    void EndProgress() override;
+    void RefreshPanel() override;
+    void ShowStatus(const wxString& text) override;
+
+private:
+    MainFrame& frame;
+    UserInterface* scripted;
+    std::unique_ptr<wxProgressDialog> progress;
+};

@@ -1,0 +1,34 @@
+// A Platform with an in-memory registry and settable facilities, so that the Windows
+// behaviour (backslash joins, PowerShell listings) can be exercised anywhere.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <map>
+#include <utility>
+
+class FakePlatform : public Platform {
+public:
+    std::map<std::pair<RegistryHive, wxString>, std::map<wxString, wxString>> registry;
+    wxString separator = "\\";
+    wxString documentsDir = "C:\\Users\\eng\\Documents";
+    wxString updaterCommand = "powershell \".\\updater.exe /silent\"";
+    wxArrayString queries;
+
+    bool RegistryKeyExists(RegistryHive hive, const wxString& key) override
+    {
+        return registry.count({hive, key}) != 0;
+    }
+    wxString RegistryValue(RegistryHive hive, const wxString& key, const wxString& name) override
+    {
+        const auto found = registry.find({hive, key});
+        if (found == registry.end())
+            return wxString();
+        const auto value = found->second.find(name);
+        return value == found->second.end() ? wxString() : value->second;
+    }
+    wxString PathSeparator() const override { return separator; }
+    wxString DocumentsDir() const override { return documentsDir; }
+    wxString SilentUpdaterCommand(const wxString&) const override { return updaterCommand; }
+    wxArrayString InstalledSoftwareQueries() const override { return queries; }
+};

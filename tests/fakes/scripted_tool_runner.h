@@ -1,0 +1,42 @@
+// A ToolRunner that returns scripted exit codes and lines and records every run.
+#pragma once
+
+#include "build/tool_runner.h"
+#include "wx_test_support.h"
+
+#include <deque>
+#include <map>
+#include <vector>
+
+struct ToolReply {
+    long exitCode = 0;
+    wxArrayString lines;
+};
+
+struct ToolRun {
+    wxString command;
+    RunMode mode;
+    wxString workingDirectory;
+};
+
+class ScriptedToolRunner : public ToolRunner {
+public:
+    // Replies in run order; once they are used up every run gets `fallback`.
+    std::deque<ToolReply> replies;
+    ToolReply fallback;
+
+    std::vector<ToolRun> runs;
+    wxString workingDirectory;
+    std::map<wxString, wxString> environment;
+
+    long RunCaptured(const wxString& command, wxArrayString& output) override;
+    long RunBlockingHidden(const wxString& command) override;
+    long RunDetached(const wxString& command) override;
+    bool SetWorkingDirectory(const wxString& directory) override;
+    void SetEnvironment(const wxString& name, const wxString& value) override;
+
+    wxArrayString Commands() const;
+
+private:
+    ToolReply Next(const wxString& command, RunMode mode);
+};

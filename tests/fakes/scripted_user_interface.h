@@ -1,0 +1,39 @@
+// A UserInterface that answers from a script and records everything it was shown.
+#pragma once
+
+#include "app/user_interface.h"
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+class ScriptedUserInterface : public UserInterface {
+public:
+    // The script: answers taken in order. An unscripted question is answered No, an unscripted
+    // text entry or file choice is cancelled, and each is noted in `unanswered`.
+    std::deque<bool> answers;
+    std::deque<std::optional<wxString>> texts;
+    std::deque<std::optional<wxString>> files;
+
+    // What was shown, in order of kind, and `events` in overall order ("message: ...").
+    std::vector<MessageForm> messages;
+    std::vector<QuestionForm> questions;
+    std::vector<TextEntryForm> textForms;
+    std::vector<FileChoiceForm> fileForms;
+    std::vector<wxString> progress;
+    std::vector<wxString> statuses;
+    std::vector<wxString> events;
+    std::vector<wxString> unanswered;
+    int refreshCount = 0;
+
+    using UserInterface::ShowMessage;
+    void ShowMessage(const MessageForm& form) override;
+    bool AskYesNo(const QuestionForm& form) override;
+    bool EnterText(TextEntryForm& form) override;
+    bool ChooseFile(FileChoiceForm& form) override;
+    void BeginProgress(const wxString& title, const wxString& message) override;
+    void PulseProgress(const wxString& text) override;
+    void EndProgress() override;
+    void RefreshPanel() override;
+    void ShowStatus(const wxString& text) override;
+};

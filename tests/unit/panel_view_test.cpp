@@ -1,0 +1,168 @@
+#include "project/command_list.h"
+#include "project/device_list.h"
+#include "project/panel_view.h"
+#include "project/project.h"
+
+#include "wx_test_support.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void AddDevice(Project& p, const char* name, const char* type, int poll, const char* longAddress, int enabled)
+{
+    ProjectDevice& d = p.devices[p.deviceCount++];
+    SetText(d.deviceName, name);
+    SetText(d.typeName, type);
+    d.pollAddress = poll;
+    SetText(d.longAddress, longAddress);
+    d.enabled = enabled;
+}
+
+HartCommandEntry Command(int number, std::vector<int> args, int interval, int enabled, int write)
+{
+    HartCommandEntry c{};
+    c.commandNumber = number;
+    c.argCount = static_cast<int>(args.size());
+    for (std::size_t i = 0; i < args.size() && i < MAX_COMMAND_ARGS; ++i)
+        c.args[i] = args[i];
+    c.cycleInterval = interval;
+    c.pollEnabled = enabled;
+    c.writeCommand = write;
+    return c;
+}
+
+}  // namespace
+
+TEST(PanelView, NoProjectOpenHidesThePanelAndDisablesProjectCommands)
+{
+    Project p;
+    LoadDefaultProject(p);
+    p.projectOpen = 0;
+    const PanelView view = BuildPanelView(p);
+    EXPECT_FALSE(view.panelShown);
+    EXPECT_TRUE(view.loadFromDiskEnabled);
+    EXPECT_TRUE(view.rebootEnabled);
+    EXPECT_FALSE(view.projectItemsEnabled);
+    EXPECT_FALSE(view.modbusItemsEnabled);
+    EXPECT_TRUE(view.deviceLines.empty());
+}
+
+TEST(PanelView, OpenProjectWritesEveryControl)
+{
+    Project p;
+    LoadDefaultProject(p);
+    EXPECT_EQ(BuildPanelView(p).configurationName, "None");
+    p.projectFilePath.Assign("/data/projects/Boiler House.prj");
+    SetText(p.serialPortFunction, "MODBUS");
+    SetText(p.pollingDeferralMode, "PARTIAL");
+    SetText(p.serialParity, "EVENPARITY");
+    p.serialBaudRate = 19200;
+    p.serialStopBits = 2;
+    p.modbusRtuAddress = 17;
+    p.primaryMaster = 0;
+    p.automaticModbusMap = 0;
+
+    const PanelView view = BuildPanelView(p);
+    EXPECT_TRUE(view.panelShown);
+    EXPECT_TRUE(view.projectItemsEnabled);
+    EXPECT_TRUE(view.modbusItemsEnabled);
+    EXPECT_FALSE(view.automaticMapChecked);
+    EXPECT_EQ(view.configurationName, "Boiler House");
+    EXPECT_EQ(view.tagName, "Unnamed");
+    EXPECT_FALSE(view.serialModem);
+    EXPECT_TRUE(view.serialModbus);
+    EXPECT_EQ(view.interfaceStandard, "RS232");
+    EXPECT_EQ(view.baudRate, "19200");
+    EXPECT_EQ(view.parity, "Even");
+    EXPECT_EQ(view.stopBits, "2");
+    EXPECT_TRUE(view.deferralPartial);
+    EXPECT_FALSE(view.deferralNone || view.deferralFull);
+    EXPECT_EQ(view.rtuAddress, "17");
+    EXPECT_TRUE(view.swapWords);
+    EXPECT_FALSE(view.swapBytes || view.swapLongs || view.nanControl);
+    EXPECT_TRUE(view.secondaryMaster);
+    EXPECT_FALSE(view.primaryMaster);
+}
+
+TEST(PanelView, ParityTextsMapToTheChoice)
+{
+    EXPECT_EQ(ParityChoiceText("NOPARITY"), "None");
+    EXPECT_EQ(ParityChoiceText("ODDPARITY"), "Odd");
+    EXPECT_EQ(ParityChoiceText("EVENPARITY"), "Even");
+    EXPECT_EQ(ParityChoiceText("ODD"), "");  // the multiplexer default selects nothing
+}
+
+TEST(DeviceList, LinesOutsideMultiplexerMode)
+{
+    Project p;
+    LoadDefaultProject(p);
+    AddDevice(p, "FT-101", "Generic", 0, "", 1);
+    AddDevice(p, "PT-7", "Rosemount3051", 12, "", 0);
+    AddDevice(p, "", "KFD2", 3, "", 2);
+    AddDevice(p, "LT-2", "Generic", 4, "", 3);
+    EXPECT_EQ(DeviceListLines(p), Lines({
+                                      "#00 [00] FT-101 : Generic",
+                                      "#01 [12] PT-7 : Rosemount3051  [DISABLED]",
+                                      "#02 [03]  : KFD2  [AUTO ADDR]",
+                                      "#03 [04] LT-2 : Generic  [AUTO ADDR]",
+                                  }));
+}
+
+TEST(DeviceList, MultiplexerLinesRepeatThePreviousLineForAutoAddressing)
+{
+    Project p;
+    LoadDefaultProject(p);
+    SetText(p.mode, "MULTIPLEXOR");
+    AddDevice(p, "", "KFD2", 0, "2", 2);  // first line: nothing before it to repeat
+    AddDevice(p, "TT-1", "Generic", 0, "0123456789", 1);
+    AddDevice(p, "TT-2", "Generic", 0, "9876543210", 3);
+    AddDevice(p, "TT-3", "Generic", 0, "55", 0);
+    EXPECT_EQ(DeviceListLines(p), Lines({
+                                      "",
+                                      "#01 [0123456789] TT-1 : Generic",
+                                      "#01 [0123456789] TT-1 : Generic",
+                                      "#03 [        55] TT-3 : Generic  [DISABLED]",
+                                  }));
+}
+
+TEST(CommandList, LineFormats)
+{
+    struct Case {
+        HartCommandEntry command;
+        const char* line;
+    };
+    const Case cases[] = {
+        {Command(9, {1, 2}, 10, 1, 0), "CMD 009:01,02 - CYCLICAL READ 10   "},
+        {Command(3, {}, 1, 1, 0), "CMD 003: - CYCLICAL READ 1    "},
+        {Command(48, {}, 123456, 1, 0), "CMD 048: - CYCLICAL READ 123456"},
+        {Command(6, {4}, 5, 0, 0), "CMD 006:04 - DISABLED"},
+        {Command(6, {}, 5, 2, 0), "CMD 006: - DISABLED"},
+        {Command(35, {}, 5, 0, 1), "CMD 035: - WRITE ON TRIGGER"},  // write wins over disabled
+        {Command(255, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 1, 1, 0),  // a count above eight shows eight
+         "CMD 255:01,02,03,04,05,06,07,08 - CYCLICAL READ 1    "},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(CommandListLine(c.command), c.line);
+}
+
+TEST(CommandList, ShowsTheSelectedDeviceOnly)
+{
+    Project p;
+    LoadDefaultProject(p);
+    EXPECT_TRUE(CommandListLines(p).empty());
+    AddDevice(p, "A", "Generic", 0, "", 1);
+    AddDevice(p, "B", "Generic", 1, "", 1);
+    p.devices[1].commands[0] = Command(2, {}, 1, 1, 0);
+    p.devices[1].commandCount = 1;
+    p.selectedDevice = 0;
+    EXPECT_TRUE(CommandListLines(p).empty());
+    p.selectedDevice = 1;
+    p.selectedCommand = 0;
+    const PanelView view = BuildPanelView(p);
+    EXPECT_EQ(view.commandLines.size(), 1u);
+    EXPECT_EQ(view.commandSelection, 0);
+    EXPECT_EQ(view.deviceSelection, 1);
+    p.selectedDevice = 99;  // never read out of bounds
+    EXPECT_TRUE(CommandListLines(p).empty());
+}

@@ -1,0 +1,29 @@
+// Makes wx types readable in test failures and easy to write in tables.
+#pragma once
+
+#include <wx/arrstr.h>
+#include <wx/string.h>
+
+#include <initializer_list>
+#include <ostream>
+
+inline void PrintTo(const wxString& text, std::ostream* os)
+{
+    *os << '"' << text.utf8_string() << '"';
+}
+
+inline void PrintTo(const wxArrayString& lines, std::ostream* os)
+{
+    *os << "{";
+    for (size_t i = 0; i < lines.size(); ++i)
+        *os << (i ? ", \"" : "\"") << lines[i].utf8_string() << '"';
+    *os << "}";
+}
+
+inline wxArrayString Lines(std::initializer_list<const char*> texts)
+{
+    wxArrayString lines;
+    for (const char* text : texts)
+        lines.Add(wxString::FromUTF8(text));
+    return lines;
+}
