@@ -19,36 +19,37 @@ bool ScriptedUserInterface::AskYesNo(const QuestionForm& form)
     return yes;
 }
 
+namespace {
+
+// Takes the next scripted answer into `value`; none scripted counts as cancelled and is noted.
+bool TakeAnswer(std::deque<std::optional<wxString>>& script, const wxString& prompt, wxString& value,
+                std::vector<wxString>& unanswered)
+{
+    if (script.empty()) {
+        unanswered.push_back(prompt);
+        return false;
+    }
+    const std::optional<wxString> answer = script.front();
+    script.pop_front();
+    if (answer)
+        value = *answer;
+    return answer.has_value();
+}
+
+}  // namespace
+
 bool ScriptedUserInterface::EnterText(TextEntryForm& form)
 {
     textForms.push_back(form);
     events.push_back("text: " + form.message);
-    if (texts.empty())
-        unanswered.push_back(form.message);
-    if (texts.empty() || !texts.front()) {
-        if (!texts.empty())
-            texts.pop_front();
-        return false;
-    }
-    form.value = *texts.front();
-    texts.pop_front();
-    return true;
+    return TakeAnswer(texts, form.message, form.value, unanswered);
 }
 
 bool ScriptedUserInterface::ChooseFile(FileChoiceForm& form)
 {
     fileForms.push_back(form);
     events.push_back("file: " + form.title);
-    if (files.empty())
-        unanswered.push_back(form.title);
-    if (files.empty() || !files.front()) {
-        if (!files.empty())
-            files.pop_front();
-        return false;
-    }
-    form.path = *files.front();
-    files.pop_front();
-    return true;
+    return TakeAnswer(files, form.title, form.path, unanswered);
 }
 
 void ScriptedUserInterface::BeginProgress(const wxString& title, const wxString& message)

@@ -1,8 +1,6 @@
 #include "app/app_context.h"
 #include "app/conflict_check.h"
-#include "fakes/fake_platform.h"
-#include "fakes/scripted_tool_runner.h"
-#include "fakes/scripted_user_interface.h"
+#include "fakes/test_context.h"
 
 #include "wx_test_support.h"
 
@@ -34,21 +32,13 @@ TEST(ConflictScan, MatchesProductNamesAnywhereInAnyCase)
     }
 }
 
-class ConflictCheck : public ::testing::Test {
+class ConflictCheck : public ::testing::Test, protected TestContext {
 protected:
     ConflictCheck()
     {
         platform.queries.Add("listing one");
         platform.queries.Add("listing two");
     }
-    Project project;
-    InstallationEnvironment env;
-    TargetAddress target;
-    DeviceTypeTable types;
-    ScriptedUserInterface ui;
-    ScriptedToolRunner tools;
-    FakePlatform platform;
-    AppContext ctx{project, env, target, types, ui, tools, platform};
 };
 
 TEST_F(ConflictCheck, RunsBothListingsAndPassesWhenClean)

@@ -1,15 +1,13 @@
 #include "app/app_context.h"
 #include "app/startup.h"
-#include "fakes/fake_platform.h"
-#include "fakes/scripted_tool_runner.h"
-#include "fakes/scripted_user_interface.h"
+#include "fakes/test_context.h"
 #include "temp_dir.h"
 
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 
-class Startup : public ::testing::Test {
+class Startup : public ::testing::Test, protected TestContext {
 protected:
     Startup()
     {
@@ -23,14 +21,6 @@ protected:
         project.projectOpen = 1;
     }
     TempDir dir;
-    Project project;
-    InstallationEnvironment env;
-    TargetAddress target;
-    DeviceTypeTable types;
-    ScriptedUserInterface ui;
-    ScriptedToolRunner tools;
-    FakePlatform platform;
-    AppContext ctx{project, env, target, types, ui, tools, platform};
 };
 
 TEST_F(Startup, ReadsTheInstallationAndStartsWithNoProjectOpen)
@@ -39,8 +29,8 @@ TEST_F(Startup, ReadsTheInstallationAndStartsWithNoProjectOpen)
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_EQ(env.TgxTemplatesPath, dir.path + "/suite/tgxtemplates");
     EXPECT_EQ(env.TgxProjectPath, "/home/eng/Documents/tgxconfigure/PROJECTS");
-    ASSERT_EQ(types.deviceTypeCount, 2);
-    EXPECT_EQ(types.TypeName(1), "KFD2");
+    ASSERT_EQ(deviceTypes.deviceTypeCount, 2);
+    EXPECT_EQ(deviceTypes.TypeName(1), "KFD2");
 
     // The updater runs captured, from the software folder.
     ASSERT_EQ(tools.runs.size(), 1u);
@@ -96,10 +86,10 @@ TEST_F(Startup, TheSampleInstallationStartsWithRealDeviceTypes)
         wxString(TGX_SOURCE_DIR) + "/simulator/installation/";
     ASSERT_TRUE(RunStartup(ctx));
     EXPECT_TRUE(ui.messages.empty());
-    EXPECT_GE(types.deviceTypeCount, 5);
+    EXPECT_GE(deviceTypes.deviceTypeCount, 5);
     wxArrayString names;
-    for (int row = 0; row < types.deviceTypeCount; ++row)
-        names.Add(types.TypeName(row));
+    for (int row = 0; row < deviceTypes.deviceTypeCount; ++row)
+        names.Add(deviceTypes.TypeName(row));
     EXPECT_NE(names.Index("Generic"), wxNOT_FOUND);
     EXPECT_NE(names.Index("KFD2"), wxNOT_FOUND);
 }
