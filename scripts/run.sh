@@ -23,6 +23,11 @@ Version=2.4.1
 INI
 
 export TGX_REGISTRY=$run/registry.ini
+
+# The example projects, in the project folder that the file dialogs open on.
+export TGX_DOCUMENTS=$run/Documents
+mkdir -p "$TGX_DOCUMENTS/tgxconfigure/PROJECTS"
+cp -n "$top"/docs/examples/*.prj "$top"/docs/examples/*.mb* "$TGX_DOCUMENTS/tgxconfigure/PROJECTS/"
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   echo "No display: starting the tool under xvfb-run (nothing will be visible)." >&2
   exec xvfb-run -a -s '-screen 0 1600x1200x24' "$build/tgxconfig" "$@"

@@ -2,6 +2,7 @@
 // real dialogs; tests answer from a script; a console front end prints and reads.
 #pragma once
 
+#include <wx/arrstr.h>
 #include <wx/string.h>
 
 enum class MessageIcon { None, Information, Warning, Error, Exclamation };
@@ -40,6 +41,23 @@ struct FileChoiceForm {
     wxString path;
 };
 
+// The device dialog ("Setup Hart Device").
+struct DeviceForm {
+    wxArrayString typeNames;
+    int typeSelection = 0;
+    wxString address;
+    bool enabledForPolling = false;
+    bool autoAddressing = false;
+};
+
+// The HART command dialog ("Hart Command").
+struct CommandForm {
+    wxString commandNumber;  // "48" or "48:1,2,3"
+    wxString cycleInterval;
+    bool enabledForPolling = false;
+    bool writeCommand = false;
+};
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -56,8 +74,14 @@ public:
     virtual void PulseProgress(const wxString& text) = 0;
     virtual void EndProgress() = 0;
 
+    // The dialogs: false when cancelled, else the form holds what was entered.
+    virtual bool EditDevice(DeviceForm& form) = 0;
+    virtual bool EditCommand(CommandForm& form) = 0;
+
     // Rewrites the main panel and menus from the project.
     virtual void RefreshPanel() = 0;
+    // Rebuilds only the command list, for the selected device.
+    virtual void RefreshCommandList() = 0;
     virtual void ShowStatus(const wxString& text) = 0;
 
     // Shorthand for a plain notice with the default caption.

@@ -71,6 +71,11 @@ wxString PosixPlatform::RegistryValue(RegistryHive hive, const wxString& key, co
 
 wxString PosixPlatform::DocumentsDir() const
 {
+    // TGX_DOCUMENTS stands in for the documents folder, so a demo or a test keeps its projects
+    // out of the user's own.
+    wxString documents;
+    if (wxGetEnv("TGX_DOCUMENTS", &documents) && !documents.empty())
+        return documents;
     return wxStandardPaths::Get().GetDocumentsDir();
 }
 

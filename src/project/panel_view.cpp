@@ -37,6 +37,7 @@ PanelView BuildPanelView(const Project& project)
                                                                            : project.projectFilePath.GetName();
     view.tagName = GetText(project.tagName);
     const wxString function = GetText(project.serialPortFunction);
+    view.serialFunctionEnabled = project.deviceCount == 0;
     view.serialModem = function == "MODEM";
     view.serialModbus = function == "MODBUS";
     view.interfaceStandard = GetText(project.serialPortType);

@@ -24,6 +24,7 @@ struct PanelView {
 
     wxString configurationName;
     wxString tagName;
+    bool serialFunctionEnabled = true;  // the port serves the HART devices while there are any
     bool serialModem = false;   // "Serial HART modem"
     bool serialModbus = false;  // "Modbus RTU slave"
     wxString interfaceStandard; // texts of the choices; an unknown text selects nothing

@@ -1,6 +1,9 @@
 #include "ui/main_frame.h"
 
 #include "app/startup.h"
+#include "project/command_editing.h"
+#include "project/device_editing.h"
+#include "project/project_commands.h"
 #include "project/panel_view.h"
 
 #include "ui/icon_program.xpm"
@@ -37,6 +40,8 @@ void MainFrame::RefreshPanelFromProject()
     m_menuItemUserDefinedMap->Check(!view.automaticMapChecked);
     m_textConfigurationName->ChangeValue(view.configurationName);
     m_textTagName->ChangeValue(view.tagName);
+    m_radioSerialModem->Enable(view.serialFunctionEnabled);
+    m_radioSerialModbus->Enable(view.serialFunctionEnabled);
     if (view.serialModem)
         m_radioSerialModem->SetValue(true);
     if (view.serialModbus)
@@ -64,25 +69,90 @@ void MainFrame::RefreshPanelFromProject()
     m_listDevices->Set(view.deviceLines);
     if (view.deviceSelection >= 0)
         m_listDevices->SetSelection(view.deviceSelection);
-    m_listCommands->Set(view.commandLines);
-    if (view.commandSelection >= 0)
-        m_listCommands->SetSelection(view.commandSelection);
+    WriteCommandList(view);
     m_mainPanel->Show();
     Layout();
 }
 
-// Closing the window: the unsaved-edits guard arrives with the project commands.
-void MainFrame::OnCloseFrame(wxCloseEvent& event) { event.Skip(); }
-void MainFrame::OnExit(wxCommandEvent&) { Close(); }
+void MainFrame::RefreshCommandList()
+{
+    WriteCommandList(BuildPanelView(context.project));
+}
 
-// Commands that later work fills in. They are bound now so that every menu item and control
-// already reaches its own handler.
-void MainFrame::OnNew(wxCommandEvent&) {}
-void MainFrame::OnLoadFromDisk(wxCommandEvent&) {}
+void MainFrame::WriteCommandList(const PanelView& view)
+{
+    m_listCommands->Set(view.commandLines);
+    if (view.commandSelection >= 0)
+        m_listCommands->SetSelection(view.commandSelection);
+}
+
+void MainFrame::OnCloseFrame(wxCloseEvent& event)
+{
+    if (event.CanVeto() && !ConfirmDiscardUnsaved(context)) {
+        event.Veto();
+        return;
+    }
+    event.Skip();
+}
+
+void MainFrame::OnExit(wxCommandEvent&) { Close(); }
+void MainFrame::OnNew(wxCommandEvent&) { NewProject(context); }
+void MainFrame::OnLoadFromDisk(wxCommandEvent&) { LoadProjectFromDisk(context); }
+void MainFrame::OnSave(wxCommandEvent&) { SaveProjectCommand(context); }
+void MainFrame::OnSaveAs(wxCommandEvent&) { SaveProjectAs(context); }
+void MainFrame::OnCloseProject(wxCommandEvent&) { CloseProject(context); }
+
+void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
+void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
+void MainFrame::OnInterfaceStandard(wxCommandEvent& event) { SetInterfaceStandard(context, event.GetString()); }
+void MainFrame::OnBaudRate(wxCommandEvent& event) { SetBaudRate(context, event.GetString()); }
+void MainFrame::OnParity(wxCommandEvent& event) { SetParity(context, event.GetString()); }
+void MainFrame::OnStopBits(wxCommandEvent& event) { SetStopBits(context, event.GetString()); }
+void MainFrame::OnDeferralNone(wxCommandEvent&) { SetPollingDeferralMode(context, "NONE"); }
+void MainFrame::OnDeferralPartial(wxCommandEvent&) { SetPollingDeferralMode(context, "PARTIAL"); }
+void MainFrame::OnDeferralFull(wxCommandEvent&) { SetPollingDeferralMode(context, "FULL"); }
+void MainFrame::OnSwapBytes(wxCommandEvent& event) { SetFloatSwap(context, FloatSwap::Bytes, event.IsChecked()); }
+void MainFrame::OnSwapWords(wxCommandEvent& event) { SetFloatSwap(context, FloatSwap::Words, event.IsChecked()); }
+void MainFrame::OnSwapLongs(wxCommandEvent& event) { SetFloatSwap(context, FloatSwap::Longs, event.IsChecked()); }
+void MainFrame::OnNanControl(wxCommandEvent& event) { SetNanControl(context, event.IsChecked()); }
+void MainFrame::OnPrimaryMaster(wxCommandEvent&) { SetPrimaryMaster(context, true); }
+void MainFrame::OnSecondaryMaster(wxCommandEvent&) { SetPrimaryMaster(context, false); }
+
+void MainFrame::OnRtuAddressKillFocus(wxFocusEvent& event)
+{
+    SetRtuAddress(context, m_textRtuAddress->GetValue());
+    event.Skip();
+}
+
+void MainFrame::OnAddDevice(wxCommandEvent&) { AddDevice(context); }
+void MainFrame::OnModifyDevice(wxCommandEvent&) { ModifyDevice(context); }
+void MainFrame::OnDeleteDevice(wxCommandEvent&) { DeleteDevice(context); }
+void MainFrame::OnDeviceSelected(wxCommandEvent& event) { SelectDevice(context, event.GetSelection()); }
+void MainFrame::OnDeviceEnable(wxCommandEvent& event) { SetSelectedDeviceEnable(context, event.IsChecked()); }
+
+// A double-click on a device line acts as the Modify button.
+void MainFrame::OnDeviceDoubleClick(wxMouseEvent& event)
+{
+    wxCommandEvent modify(wxEVT_BUTTON, m_buttonModifyDevice->GetId());
+    modify.SetEventObject(m_buttonModifyDevice);
+    wxPostEvent(m_buttonModifyDevice, modify);
+    event.Skip();
+}
+
+void MainFrame::OnAddCommand(wxCommandEvent&) { AddCommand(context); }
+void MainFrame::OnModifyCommand(wxCommandEvent&) { ModifyCommand(context); }
+void MainFrame::OnDeleteCommand(wxCommandEvent&) { DeleteCommand(context); }
+void MainFrame::OnCommandSelected(wxCommandEvent& event) { SelectCommand(context, event.GetSelection()); }
+
+void MainFrame::OnCommandDoubleClick(wxMouseEvent& event)
+{
+    ModifyCommand(context);
+    event.Skip();
+}
+
+// Commands that later work fills in. They are bound now so that every menu item already
+// reaches its own handler.
 void MainFrame::OnLoadFromTG7(wxCommandEvent&) {}
-void MainFrame::OnSave(wxCommandEvent&) {}
-void MainFrame::OnSaveAs(wxCommandEvent&) {}
-void MainFrame::OnCloseProject(wxCommandEvent&) {}
 void MainFrame::OnConfigure(wxCommandEvent&) {}
 void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) {}
 void MainFrame::OnUpdateFirmware(wxCommandEvent&) {}
@@ -95,32 +165,6 @@ void MainFrame::OnScan(wxCommandEvent&) {}
 void MainFrame::OnDocumentation(wxCommandEvent&) {}
 void MainFrame::OnCheckForUpdates(wxCommandEvent&) {}
 void MainFrame::OnAbout(wxCommandEvent&) {}
-void MainFrame::OnSerialModem(wxCommandEvent&) {}
-void MainFrame::OnSerialModbus(wxCommandEvent&) {}
-void MainFrame::OnInterfaceStandard(wxCommandEvent&) {}
-void MainFrame::OnBaudRate(wxCommandEvent&) {}
-void MainFrame::OnParity(wxCommandEvent&) {}
-void MainFrame::OnStopBits(wxCommandEvent&) {}
-void MainFrame::OnDeferralNone(wxCommandEvent&) {}
-void MainFrame::OnDeferralPartial(wxCommandEvent&) {}
-void MainFrame::OnDeferralFull(wxCommandEvent&) {}
-void MainFrame::OnRtuAddressKillFocus(wxFocusEvent& event) { event.Skip(); }
-void MainFrame::OnSwapBytes(wxCommandEvent&) {}
-void MainFrame::OnSwapWords(wxCommandEvent&) {}
-void MainFrame::OnSwapLongs(wxCommandEvent&) {}
-void MainFrame::OnNanControl(wxCommandEvent&) {}
-void MainFrame::OnPrimaryMaster(wxCommandEvent&) {}
-void MainFrame::OnSecondaryMaster(wxCommandEvent&) {}
-void MainFrame::OnAddDevice(wxCommandEvent&) {}
-void MainFrame::OnModifyDevice(wxCommandEvent&) {}
-void MainFrame::OnDeleteDevice(wxCommandEvent&) {}
-void MainFrame::OnDeviceDoubleClick(wxMouseEvent&) {}
-void MainFrame::OnDeviceSelected(wxCommandEvent&) {}
-void MainFrame::OnAddCommand(wxCommandEvent&) {}
-void MainFrame::OnModifyCommand(wxCommandEvent&) {}
-void MainFrame::OnDeleteCommand(wxCommandEvent&) {}
-void MainFrame::OnCommandDoubleClick(wxMouseEvent&) {}
-void MainFrame::OnCommandSelected(wxCommandEvent&) {}
 void MainFrame::OnEditModbusMap(wxCommandEvent&) {}
 void MainFrame::OnImportMapFromTG7(wxCommandEvent&) {}
 void MainFrame::OnImportMapFromProject(wxCommandEvent&) {}
@@ -128,4 +172,3 @@ void MainFrame::OnAutomaticMap(wxCommandEvent&) {}
 void MainFrame::OnUserDefinedMap(wxCommandEvent&) {}
 void MainFrame::OnDeleteModbusMap(wxCommandEvent&) {}
 void MainFrame::OnExportMap(wxCommandEvent&) {}
-void MainFrame::OnDeviceEnable(wxCommandEvent&) {}

@@ -18,6 +18,7 @@ public:
 
     // Writes the panel and the menu states from the project.
     void RefreshPanelFromProject();
+    void RefreshCommandList();
 
     InstallationEnvironment env;
     TargetAddress target;
@@ -80,6 +81,8 @@ protected:
     void OnDeviceEnable(wxCommandEvent& event) override;
 
 private:
+    void WriteCommandList(const struct PanelView& view);
+
     WxUserInterface ui;
     AppContext context;
     bool startedUp = false;

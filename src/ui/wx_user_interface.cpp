@@ -1,5 +1,7 @@
 #include "ui/wx_user_interface.h"
 
+#include "project/cmd_dialog.h"
+#include "project/device_dialog.h"
 #include "ui/main_frame.h"
 
 #include <wx/filedlg.h>
@@ -103,6 +105,37 @@ void WxUserInterface::EndProgress()
     if (scripted != nullptr)
         return scripted->EndProgress();
     progress.reset();
+}
+
+bool WxUserInterface::EditDevice(DeviceForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->EditDevice(form);
+    DeviceDialog dialog(&frame);
+    dialog.TransferFormToWindow(form);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    dialog.TransferWindowToForm(form);
+    return true;
+}
+
+bool WxUserInterface::EditCommand(CommandForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->EditCommand(form);
+    CmdDialog dialog(&frame);
+    dialog.TransferFormToWindow(form);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    dialog.TransferWindowToForm(form);
+    return true;
+}
+
+void WxUserInterface::RefreshCommandList()
+{
+    frame.RefreshCommandList();
+    if (scripted != nullptr)
+        scripted->RefreshCommandList();
 }
 
 void WxUserInterface::RefreshPanel()

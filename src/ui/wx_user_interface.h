@@ -24,7 +24,10 @@ public:
     void BeginProgress(const wxString& title, const wxString& message) override;
     void PulseProgress(const wxString& text) override;
     void EndProgress() override;
+    bool EditDevice(DeviceForm& form) override;
+    bool EditCommand(CommandForm& form) override;
     void RefreshPanel() override;
+    void RefreshCommandList() override;
     void ShowStatus(const wxString& text) override;
 
 private:

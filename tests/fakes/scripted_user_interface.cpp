@@ -52,6 +52,43 @@ bool ScriptedUserInterface::ChooseFile(FileChoiceForm& form)
     return TakeAnswer(files, form.title, form.path, unanswered);
 }
 
+namespace {
+
+template <class Form>
+bool TakeDialogAnswer(std::deque<std::function<bool(Form&)>>& script, Form& form, const char* name,
+                      std::vector<wxString>& unanswered)
+{
+    if (script.empty()) {
+        unanswered.push_back(name);
+        return false;
+    }
+    const auto answer = script.front();
+    script.pop_front();
+    return answer(form);
+}
+
+}  // namespace
+
+bool ScriptedUserInterface::EditDevice(DeviceForm& form)
+{
+    deviceForms.push_back(form);
+    events.push_back("device dialog");
+    return TakeDialogAnswer(deviceAnswers, form, "device dialog", unanswered);
+}
+
+bool ScriptedUserInterface::EditCommand(CommandForm& form)
+{
+    commandForms.push_back(form);
+    events.push_back("command dialog");
+    return TakeDialogAnswer(commandAnswers, form, "command dialog", unanswered);
+}
+
+void ScriptedUserInterface::RefreshCommandList()
+{
+    ++commandListRefreshCount;
+    events.push_back("command list");
+}
+
 void ScriptedUserInterface::BeginProgress(const wxString& title, const wxString& message)
 {
     progress.push_back("begin: " + title + " | " + message);

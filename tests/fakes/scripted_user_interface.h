@@ -4,6 +4,7 @@
 #include "app/user_interface.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -14,17 +15,23 @@ public:
     std::deque<bool> answers;
     std::deque<std::optional<wxString>> texts;
     std::deque<std::optional<wxString>> files;
+    // Dialog answers: each changes the form as a user would and returns whether OK was pressed.
+    std::deque<std::function<bool(DeviceForm&)>> deviceAnswers;
+    std::deque<std::function<bool(CommandForm&)>> commandAnswers;
 
     // What was shown, in order of kind, and `events` in overall order ("message: ...").
     std::vector<MessageForm> messages;
     std::vector<QuestionForm> questions;
     std::vector<TextEntryForm> textForms;
     std::vector<FileChoiceForm> fileForms;
+    std::vector<DeviceForm> deviceForms;    // as the dialog was opened
+    std::vector<CommandForm> commandForms;  // as the dialog was opened
     std::vector<wxString> progress;
     std::vector<wxString> statuses;
     std::vector<wxString> events;
     std::vector<wxString> unanswered;
     int refreshCount = 0;
+    int commandListRefreshCount = 0;
 
     using UserInterface::ShowMessage;
     void ShowMessage(const MessageForm& form) override;
@@ -34,6 +41,9 @@ public:
     void BeginProgress(const wxString& title, const wxString& message) override;
     void PulseProgress(const wxString& text) override;
     void EndProgress() override;
+    bool EditDevice(DeviceForm& form) override;
+    bool EditCommand(CommandForm& form) override;
     void RefreshPanel() override;
+    void RefreshCommandList() override;
     void ShowStatus(const wxString& text) override;
 };

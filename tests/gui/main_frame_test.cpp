@@ -1,6 +1,7 @@
 #include "fakes/scripted_tool_runner.h"
 #include "fakes/scripted_user_interface.h"
 #include "platform/posix_platform.h"
+#include "gui_support.h"
 #include "ui/main_frame.h"
 
 #include "wx_test_support.h"
@@ -174,15 +175,6 @@ void Dispatch(wxWindow* control, wxEventType type)
     }
 }
 
-struct FrameCloser {
-    void operator()(wxFrame* frame) const
-    {
-        frame->Destroy();
-        wxTheApp->ProcessIdle();
-    }
-};
-template <class T>
-using FramePtr = std::unique_ptr<T, FrameCloser>;
 
 // The control whose shown text is `text` (mnemonic markers removed), searched depth first.
 wxWindow* FindByText(wxWindow* parent, const wxString& text)
@@ -363,21 +355,7 @@ TEST_F(StartedFrame, OpenDefaultProjectShowsItsSettings)
     EXPECT_FALSE(bar->IsChecked(bar->FindMenuItem("Modbus", "User defined Map")));
 
     // A picture for people: the main window with the default project.
-    const wxString shot = wxString(TGX_TEST_OUTPUT_DIR) + "/main_window.png";
-    if (wxFileExists(shot))
-        wxRemoveFile(shot);
-    frame->Raise();
-    frame->Update();
-    for (int i = 0; i < 20; ++i) {  // let the window map and paint
-        wxYield();
-        wxMilliSleep(25);
-    }
-    const wxRect rect = frame->GetScreenRect();
-    wxArrayString ignored;
-    wxExecute(wxString::Format("import -window root -crop %dx%d+%d+%d \"%s\"", rect.width, rect.height, rect.x,
-                               rect.y, shot),
-              ignored, wxEXEC_SYNC);
-    EXPECT_TRUE(wxFileExists(shot)) << "screenshot needs ImageMagick's import";
+    EXPECT_TRUE(SaveScreenshot(frame.get(), "main_window.png")) << "screenshots need ImageMagick's import";
 }
 
 TEST_F(StartedFrame, MissingInstallationEndsStartUp)

@@ -1,0 +1,193 @@
+#include "project/project_commands.h"
+
+#include "app/app_context.h"
+#include "project/number_text.h"
+#include "project/project_file.h"
+#include "project/text_file.h"
+
+namespace {
+
+FileChoiceForm ProjectFileForm(const AppContext& ctx, const char* title, bool save)
+{
+    FileChoiceForm form;
+    form.title = title;
+    form.folder = ctx.env.TgxProjectPath;
+    form.wildcard = "*.prj";
+    form.save = save;
+    form.overwritePrompt = save;
+    form.mustExist = !save;
+    return form;
+}
+
+void MarkEdited(AppContext& ctx)
+{
+    ctx.project.projectSaved = 0;
+}
+
+}  // namespace
+
+bool ConfirmDiscardUnsaved(AppContext& ctx)
+{
+    if (ctx.project.projectSaved != 0)
+        return true;
+    return ctx.ui.AskYesNo(QuestionForm{
+        "The current project has not been saved and will be lost.\nAre you sure you wish to continue ?", "Warning"});
+}
+
+void NewProject(AppContext& ctx)
+{
+    if (!ConfirmDiscardUnsaved(ctx))
+        return;
+    FileChoiceForm form = ProjectFileForm(ctx, "Create New Project", true);
+    if (!ctx.ui.ChooseFile(form) || form.path.empty())
+        return;
+    LoadDefaultProject(ctx.project);
+    ctx.project.projectFilePath.Assign(form.path);
+    // The file and its map exist from the first moment.
+    SaveProject(ctx, form.path);
+    ctx.ui.RefreshPanel();
+}
+
+bool ApplyProjectFile(AppContext& ctx, const wxArrayString& lines)
+{
+    if (lines.empty())
+        return false;
+    Project& project = ctx.project;
+    LoadDefaultProject(project);
+    project.automaticModbusMap = 1;
+    ctx.ui.RefreshPanel();
+    ProjectLineReader reader;
+    for (const wxString& line : lines)
+        ParseProjectLine(project, line, reader);
+    project.projectOpen = 1;
+    if (project.deviceCount > 0)
+        project.selectedDevice = 0;
+    return true;
+}
+
+void LoadProjectFromDisk(AppContext& ctx)
+{
+    if (!ConfirmDiscardUnsaved(ctx))
+        return;
+    FileChoiceForm form = ProjectFileForm(ctx, "Load Project", false);
+    if (!ctx.ui.ChooseFile(form) || form.path.empty())
+        return;
+    wxArrayString lines;
+    if (!ReadTextLines(form.path, lines))
+        return;
+    if (!ApplyProjectFile(ctx, lines)) {
+        ctx.ui.ShowMessage("Invalid project file (no content)");
+        return;
+    }
+    ctx.project.projectFilePath.Assign(form.path);
+    ctx.ui.RefreshPanel();
+    ReadProjectMap(form.path, ctx.project.modbusMapLines);
+    // Every load rewrites the project and its map in the current format; an older ".mb" map
+    // is left in place beside the new ".mbd".
+    SaveProject(ctx, form.path);
+}
+
+void SaveProjectCommand(AppContext& ctx)
+{
+    if (!ctx.project.projectFilePath.IsOk()) {
+        SaveProjectAs(ctx);
+        return;
+    }
+    SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());
+}
+
+void SaveProjectAs(AppContext& ctx)
+{
+    FileChoiceForm form = ProjectFileForm(ctx, "Save Project As ...", true);
+    if (!ctx.ui.ChooseFile(form) || form.path.empty())
+        return;
+    ctx.project.projectFilePath.Assign(form.path);
+    SaveProject(ctx, form.path);
+    ctx.ui.RefreshPanel();
+}
+
+void CloseProject(AppContext& ctx)
+{
+    if (ctx.project.projectOpen == 0 || !ConfirmDiscardUnsaved(ctx))
+        return;
+    // The settings stay in memory; the next New or Load replaces them.
+    ctx.project.projectSaved = 1;
+    ctx.project.projectOpen = 0;
+    ctx.project.projectFilePath.Clear();
+    ctx.ui.RefreshPanel();
+}
+
+void SetSerialPortFunction(AppContext& ctx, const char* function)
+{
+    SetText(ctx.project.serialPortFunction, function);
+    MarkEdited(ctx);
+    ctx.ui.RefreshPanel();
+}
+
+void SetPollingDeferralMode(AppContext& ctx, const char* mode)
+{
+    SetText(ctx.project.pollingDeferralMode, mode);
+    MarkEdited(ctx);
+    ctx.ui.RefreshPanel();
+}
+
+void SetInterfaceStandard(AppContext& ctx, const wxString& choice)
+{
+    SetText(ctx.project.serialPortType, choice);
+    MarkEdited(ctx);
+}
+
+void SetBaudRate(AppContext& ctx, const wxString& choice)
+{
+    long value = 0;
+    ParseTypedNumber(choice, value);
+    ctx.project.serialBaudRate = static_cast<int>(value);
+    MarkEdited(ctx);
+}
+
+void SetParity(AppContext& ctx, const wxString& choice)
+{
+    const char* stored = choice == "Odd" ? "ODDPARITY" : choice == "Even" ? "EVENPARITY" : "NOPARITY";
+    SetText(ctx.project.serialParity, stored);
+    MarkEdited(ctx);
+}
+
+void SetStopBits(AppContext& ctx, const wxString& choice)
+{
+    long value = 0;
+    ParseTypedNumber(choice, value);
+    ctx.project.serialStopBits = static_cast<int>(value);
+    MarkEdited(ctx);
+}
+
+void SetRtuAddress(AppContext& ctx, const wxString& text)
+{
+    // The entry also loses the focus when the panel is hidden by Close: that is not an edit.
+    if (ctx.project.projectOpen == 0)
+        return;
+    long value = 0;
+    ParseTypedNumber(text, value);
+    ctx.project.modbusRtuAddress = static_cast<int>(value);
+    MarkEdited(ctx);
+}
+
+void SetFloatSwap(AppContext& ctx, FloatSwap which, bool on)
+{
+    int& field = which == FloatSwap::Bytes   ? ctx.project.floatSwapBytes
+                 : which == FloatSwap::Words ? ctx.project.floatSwapWords
+                                             : ctx.project.floatSwapLongs;
+    field = on ? 1 : 0;
+    MarkEdited(ctx);
+}
+
+void SetNanControl(AppContext& ctx, bool on)
+{
+    ctx.project.nanControl = on ? 1 : 0;
+    MarkEdited(ctx);
+}
+
+void SetPrimaryMaster(AppContext& ctx, bool primary)
+{
+    ctx.project.primaryMaster = primary ? 1 : 0;
+    MarkEdited(ctx);
+}

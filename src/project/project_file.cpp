@@ -1,0 +1,285 @@
+#include "project/project_file.h"
+
+#include "app/app_context.h"
+#include "modbus/automatic_map.h"
+#include "project/number_text.h"
+#include "project/project.h"
+#include "project/text_file.h"
+
+#include <wx/filename.h>
+#include <wx/tokenzr.h>
+
+#include <algorithm>
+
+const char* const kToolVersion = "6.2.2";
+
+wxArrayString ProjectFileLines(const Project& p)
+{
+    wxArrayString lines;
+    auto text = [&](const char* key, const char* value) { lines.Add(wxString(key) + GetText(value)); };
+    auto number = [&](const char* key, int value) { lines.Add(wxString::Format("%s%d", key, value)); };
+    lines.Add(wxString("TGX VERSION:") + kToolVersion);
+    lines.Add(wxString());
+    text("TGX TAGNAME:", p.tagName);
+    text("MODE:", p.mode);
+    text("REMOTE IP:", p.remoteIp);
+    number("BRIDGE NETWORK BUFFER TIME:", p.bridgeBufferTime);
+    number("VCP PORT NUMBER:", p.vcpPort);
+    number("MTCP PORT NUMBER:", p.modbusTcpPort);
+    number("MENCAP PORT NUMBER:", p.mencapPort);
+    number("INTERCOM PORT NUMBER:", p.intercomPort);
+    number("SYSLOG PORT NUMBER:", p.syslogPort);
+    number("HARTIPTCP PORT NUMBER:", p.hartIpTcpPort);
+    text("TMS ADDRESS:", p.timeServerAddress);
+    number("TMS ENABLE:", p.timeServerEnable);
+    number("TGX PRIMARY MASTER:", p.primaryMaster);
+    text("POLLING DEFERRAL MODE:", p.pollingDeferralMode);
+    text("SERIAL PORT FUNCTION:", p.serialPortFunction);
+    text("SERIAL PORT TYPE:", p.serialPortType);
+    number("SERIAL PORT BAUDRATE:", p.serialBaudRate);
+    text("SERIAL PORT PARITY:", p.serialParity);
+    number("SERIAL PORT STOPBITS:", p.serialStopBits);
+    number("MODBUS RTU ADDRESS:", p.modbusRtuAddress);
+    number("AUTOMATIC MODBUS MAP:", p.automaticModbusMap);
+    number("MODBUS FLOAT SWAP BYTES:", p.floatSwapBytes);
+    number("MODBUS FLOAT SWAP WORDS:", p.floatSwapWords);
+    number("MODBUS FLOAT SWAP LONGS:", p.floatSwapLongs);
+    number("MODBUS NAN CTRL:", p.nanControl);
+    number("DEVICE COUNT:", p.deviceCount);
+    for (int d = 0; d < std::min(p.deviceCount, MAX_DEVICES); ++d) {
+        const ProjectDevice& device = p.devices[d];
+        number("FOR DEVICE:", d);
+        text("DEVICE NAME:", device.deviceName);
+        text("TYPE:", device.typeName);
+        number("POLL ADDRESS:", device.pollAddress);
+        text("LONG ADDRESS:", device.longAddress);
+        number("ENABLE:", device.enabled);
+        for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
+            const HartCommandEntry& command = device.commands[c];
+            lines.Add(wxString::Format("HARTCMD:%d %d %d %d", command.commandNumber, command.cycleInterval,
+                                       command.pollEnabled, command.writeCommand));
+            if (command.argCount == 0)
+                continue;
+            wxString args = "CMDARGS:";
+            for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a)
+                args << wxString::Format("%d ", command.args[a]);
+            lines.Add(args);
+        }
+    }
+    return lines;
+}
+
+void SaveProject(AppContext& ctx, const wxString& path)
+{
+    WriteTextLines(path, ProjectFileLines(ctx.project));
+    if (ctx.project.automaticModbusMap == 1)
+        GenerateAutomaticMap(ctx);
+    WriteTextLines(MapFilePath(path), ctx.project.modbusMapLines);
+    ctx.project.projectSaved = 1;
+}
+
+wxString MapFilePath(const wxString& projectPath, const char* extension)
+{
+    wxFileName file(projectPath);
+    file.SetExt(extension);
+    return file.GetFullPath();
+}
+
+bool ReadProjectMap(const wxString& projectPath, wxArrayString& lines)
+{
+    return ReadTextLines(MapFilePath(projectPath, "mbd"), lines) || ReadTextLines(MapFilePath(projectPath, "mb"), lines);
+}
+
+namespace {
+
+enum class Key {
+    DeviceCount, PollingDeferralMode, SerialPortFunction, SerialPortType, SerialPortBaudrate, SerialPortParity,
+    SerialPortStopbits, ModbusRtuAddress, AutomaticModbusMap, TagName, Mode, RemoteIp, BridgeBufferTime,
+    PrimaryMaster, FloatSwapBytes, FloatSwapWords, FloatSwapLongs, NanControl, ForDevice, DeviceName, Type,
+    PollAddress, LongAddress, Enable, HartCmd, CmdArgs, VcpPort, MtcpPort, MencapPort, IntercomPort, SyslogPort,
+    HartIpTcpPort, TmsAddress, TmsEnable
+};
+
+// Tested in this order; the first key a line starts with takes it.
+const std::pair<const char*, Key> kKeys[] = {
+    {"DEVICE COUNT:", Key::DeviceCount},
+    {"POLLING DEFERRAL MODE:", Key::PollingDeferralMode},
+    {"SERIAL PORT FUNCTION:", Key::SerialPortFunction},
+    {"SERIAL PORT TYPE:", Key::SerialPortType},
+    {"SERIAL PORT BAUDRATE:", Key::SerialPortBaudrate},
+    {"SERIAL PORT PARITY:", Key::SerialPortParity},
+    {"SERIAL PORT STOPBITS:", Key::SerialPortStopbits},
+    {"MODBUS RTU ADDRESS:", Key::ModbusRtuAddress},
+    {"AUTOMATIC MODBUS MAP:", Key::AutomaticModbusMap},
+    {"TGX TAGNAME:", Key::TagName},
+    {"MODE:", Key::Mode},
+    {"REMOTE IP:", Key::RemoteIp},
+    {"BRIDGE NETWORK BUFFER TIME:", Key::BridgeBufferTime},
+    {"TGX PRIMARY MASTER:", Key::PrimaryMaster},
+    {"MODBUS FLOAT SWAP BYTES:", Key::FloatSwapBytes},
+    {"MODBUS FLOAT SWAP WORDS:", Key::FloatSwapWords},
+    {"MODBUS FLOAT SWAP LONGS:", Key::FloatSwapLongs},
+    {"MODBUS NAN CTRL:", Key::NanControl},
+    {"FOR DEVICE:", Key::ForDevice},
+    {"DEVICE NAME:", Key::DeviceName},
+    {"TYPE:", Key::Type},
+    {"POLL ADDRESS:", Key::PollAddress},
+    {"LONG ADDRESS:", Key::LongAddress},
+    {"ENABLE:", Key::Enable},
+    {"HARTCMD:", Key::HartCmd},
+    {"CMDARGS:", Key::CmdArgs},
+    {"VCP PORT NUMBER:", Key::VcpPort},
+    {"MTCP PORT NUMBER:", Key::MtcpPort},
+    {"MENCAP PORT NUMBER:", Key::MencapPort},
+    {"INTERCOM PORT NUMBER:", Key::IntercomPort},
+    {"SYSLOG PORT NUMBER:", Key::SyslogPort},
+    {"HARTIPTCP PORT NUMBER:", Key::HartIpTcpPort},
+    {"TMS ADDRESS:", Key::TmsAddress},
+    {"TMS ENABLE:", Key::TmsEnable},
+};
+
+wxArrayString Tokens(const wxString& value)
+{
+    return wxStringTokenize(value, " \t\r\n", wxTOKEN_STRTOK);
+}
+
+void SetNumber(int& field, const wxString& value)
+{
+    ParseWholeInt(value, field);
+}
+
+// Only letters and digits survive in a tag name; the gateway's tools accept nothing else.
+wxString SanitisedTag(const wxString& value)
+{
+    wxString tag = value.Left(kTextFieldSize - 1);
+    for (wxString::iterator it = tag.begin(); it != tag.end(); ++it) {
+        const wxUniChar c = *it;
+        const bool alphanumeric = c.IsAscii() && ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'));
+        if (!alphanumeric)
+            *it = '_';
+    }
+    return tag;
+}
+
+void ReadHartCommand(Project& project, const wxString& value, ProjectLineReader& reader)
+{
+    const int d = reader.currentDevice;
+    if (d < 0 || d >= MAX_DEVICES)
+        return;
+    ProjectDevice& device = project.devices[d];
+    const wxArrayString tokens = Tokens(value);
+    // Three values: files of older versions, which had no write commands.
+    if ((tokens.size() != 4 && tokens.size() != 3) || device.commandCount < 0 || device.commandCount >= MAX_COMMANDS)
+        return;
+    HartCommandEntry& command = device.commands[device.commandCount];
+    SetNumber(command.commandNumber, tokens[0]);
+    SetNumber(command.cycleInterval, tokens[1]);
+    SetNumber(command.pollEnabled, tokens[2]);
+    if (tokens.size() == 4)
+        SetNumber(command.writeCommand, tokens[3]);
+    else
+        command.writeCommand = 0;
+    reader.lastCommandRead = device.commandCount;
+    ++device.commandCount;
+}
+
+void ReadCommandArgs(Project& project, const wxString& value, const ProjectLineReader& reader)
+{
+    const int d = reader.currentDevice;
+    const int c = reader.lastCommandRead;
+    if (d < 0 || d >= MAX_DEVICES || c < 0 || c >= MAX_COMMANDS)
+        return;
+    HartCommandEntry& command = project.devices[d].commands[c];
+    const wxArrayString tokens = Tokens(value);
+    for (size_t a = 0; a < tokens.size() && a < MAX_COMMAND_ARGS; ++a) {
+        command.args[a] = 0;
+        ParseWholeInt(tokens[a], command.args[a]);
+    }
+    // The count of values on the line, even beyond the eight that are kept.
+    command.argCount = static_cast<int>(tokens.size());
+}
+
+}  // namespace
+
+bool ParseProjectLine(Project& p, const wxString& line, ProjectLineReader& reader)
+{
+    const auto key = std::find_if(std::begin(kKeys), std::end(kKeys),
+                                  [&](const auto& entry) { return line.StartsWith(entry.first); });
+    if (key == std::end(kKeys))
+        return true;
+    const wxString value = line.Mid(wxStrlen(key->first));
+    const int d = reader.currentDevice;
+    ProjectDevice* device = d >= 0 && d < MAX_DEVICES ? &p.devices[d] : nullptr;
+
+    switch (key->second) {
+    case Key::DeviceCount: {
+        int count = 0;
+        if (ParseWholeInt(value, count))
+            p.deviceCount = std::clamp(count, 0, MAX_DEVICES);
+        break;
+    }
+    case Key::PollingDeferralMode: SetText(p.pollingDeferralMode, value); break;
+    case Key::SerialPortFunction: SetText(p.serialPortFunction, value); break;
+    case Key::SerialPortType: SetText(p.serialPortType, value); break;
+    case Key::SerialPortBaudrate: SetNumber(p.serialBaudRate, value); break;
+    case Key::SerialPortParity: SetText(p.serialParity, value); break;
+    case Key::SerialPortStopbits: SetNumber(p.serialStopBits, value); break;
+    case Key::ModbusRtuAddress: SetNumber(p.modbusRtuAddress, value); break;
+    case Key::AutomaticModbusMap: SetNumber(p.automaticModbusMap, value); break;
+    case Key::TagName: SetText(p.tagName, SanitisedTag(value)); break;
+    case Key::Mode: SetText(p.mode, value); break;
+    case Key::RemoteIp: SetText(p.remoteIp, value); break;
+    case Key::BridgeBufferTime: SetNumber(p.bridgeBufferTime, value); break;
+    case Key::PrimaryMaster: SetNumber(p.primaryMaster, value); break;
+    case Key::FloatSwapBytes: SetNumber(p.floatSwapBytes, value); break;
+    case Key::FloatSwapWords: SetNumber(p.floatSwapWords, value); break;
+    case Key::FloatSwapLongs: SetNumber(p.floatSwapLongs, value); break;
+    case Key::NanControl: SetNumber(p.nanControl, value); break;
+    case Key::ForDevice: {
+        int index = 0;
+        if (!ParseWholeInt(value, index))
+            break;
+        reader.currentDevice = index;
+        if (index >= 0 && index < MAX_DEVICES)
+            p.devices[index].commandCount = 0;
+        break;
+    }
+    case Key::DeviceName:
+        if (device)
+            SetText(device->deviceName, value);
+        break;
+    case Key::Type:
+        if (device)
+            SetText(device->typeName, value);
+        break;
+    case Key::PollAddress:
+        if (device)
+            SetNumber(device->pollAddress, value);
+        break;
+    case Key::LongAddress:
+        if (device)
+            SetText(device->longAddress, value);
+        break;
+    case Key::Enable:
+        if (device)
+            SetNumber(device->enabled, value);
+        break;
+    case Key::HartCmd: ReadHartCommand(p, value, reader); break;
+    case Key::CmdArgs: ReadCommandArgs(p, value, reader); break;
+    case Key::VcpPort: {
+        int port = 0;
+        // 5094 is HART-IP's port: older files put it here by mistake, so it is moved back.
+        if (ParseWholeInt(value, port))
+            p.vcpPort = port == 5094 ? 772 : port;
+        break;
+    }
+    case Key::MtcpPort: SetNumber(p.modbusTcpPort, value); break;
+    case Key::MencapPort: SetNumber(p.mencapPort, value); break;
+    case Key::IntercomPort: SetNumber(p.intercomPort, value); break;
+    case Key::SyslogPort: SetNumber(p.syslogPort, value); break;
+    case Key::HartIpTcpPort: SetNumber(p.hartIpTcpPort, value); break;
+    case Key::TmsAddress: SetText(p.timeServerAddress, value); break;
+    case Key::TmsEnable: SetNumber(p.timeServerEnable, value); break;
+    }
+    return true;
+}

@@ -1,0 +1,34 @@
+// The project file (*.prj): one KEY:VALUE setting per line, the format gateways and older
+// versions of the tool exchange, and the Modbus map file (*.mbd) beside it.
+#pragma once
+
+#include <wx/arrstr.h>
+#include <wx/string.h>
+
+struct AppContext;
+struct Project;
+
+// The tool's version, written on the first line of every project file.
+extern const char* const kToolVersion;
+
+// The project's lines in the order the writer emits them.
+wxArrayString ProjectFileLines(const Project& project);
+
+// Writes the project file at `path`, then (in automatic map mode) regenerates the map, then
+// writes the map file beside it; marks the project saved. Failures to write are not reported.
+void SaveProject(AppContext& ctx, const wxString& path);
+
+// The reader's position, carried from line to line.
+struct ProjectLineReader {
+    int currentDevice = -1;
+    int lastCommandRead = -1;
+};
+
+// Applies one line to the project. Unknown and malformed lines change nothing.
+bool ParseProjectLine(Project& project, const wxString& line, ProjectLineReader& reader);
+
+// The map file of a project file: extension "mbd", or "mb" for older projects.
+wxString MapFilePath(const wxString& projectPath, const char* extension = "mbd");
+
+// Reads the map file beside a project (".mbd", else the older ".mb") into `lines`.
+bool ReadProjectMap(const wxString& projectPath, wxArrayString& lines);

@@ -1,0 +1,26 @@
+// Helpers shared by the GUI tests.
+#pragma once
+
+#include <wx/app.h>
+#include <wx/frame.h>
+#include <wx/string.h>
+#include <wx/utils.h>
+
+#include <memory>
+
+struct FrameCloser {
+    void operator()(wxFrame* frame) const
+    {
+        frame->Destroy();
+        wxTheApp->ProcessIdle();
+    }
+};
+template <class T>
+using FramePtr = std::unique_ptr<T, FrameCloser>;
+
+// Lets the window map and paint, then writes a screenshot of it to the test output folder.
+// False when the picture could not be taken (ImageMagick's import missing).
+bool SaveScreenshot(wxWindow* window, const wxString& name);
+
+// Processes pending and posted events for a moment.
+void PumpEvents(int milliseconds = 100);

@@ -1,0 +1,202 @@
+#include "fakes/test_context.h"
+#include "project/device_editing.h"
+#include "project/device_list.h"
+#include "wx_test_support.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const char* const kAddressMessage =
+    "The Hart address you have chosen is already in use or is invalid\nPlease use a different address";
+
+class Devices : public ::testing::Test, protected TestContext {
+protected:
+    Devices()
+    {
+        for (const char* line : {"DEV_TYPE Generic a b c d e", "DEV_TYPE KFD2 k b c d e", "DEV_TYPE VegaPuls v b c d e"})
+            ParseDeviceTypeLine(line, deviceTypes);
+        LoadDefaultProject(project);
+    }
+    // Answers the next device dialog with this address and type row.
+    void Answer(const wxString& address, int type = 0, bool autoAddressing = false, bool ok = true)
+    {
+        ui.deviceAnswers.push_back([=](DeviceForm& form) {
+            form.address = address;
+            form.typeSelection = type;
+            form.autoAddressing = autoAddressing;
+            return ok;
+        });
+    }
+    void Add(const wxString& address, int type = 0)
+    {
+        Answer(address, type);
+        AddDevice(ctx);
+    }
+};
+
+}  // namespace
+
+TEST_F(Devices, AddProposesTheLowestFreeAddress)
+{
+    for (const char* address : {"0", "1", "3"})
+        Add(address);
+    Answer("", 0, false, false);
+    AddDevice(ctx);
+    const DeviceForm& shown = ui.deviceForms.back();
+    EXPECT_EQ(shown.address, "2");
+    EXPECT_TRUE(shown.enabledForPolling);
+    EXPECT_FALSE(shown.autoAddressing);
+    EXPECT_EQ(shown.typeSelection, 0);
+    EXPECT_EQ(shown.typeNames, Lines({"Generic", "KFD2", "VegaPuls"}));
+    EXPECT_EQ(project.deviceCount, 3);  // cancelled: nothing added
+}
+
+TEST_F(Devices, AddressRules)
+{
+    Add("5");
+    struct Case {
+        const char* address;
+        bool accepted;
+    };
+    const Case cases[] = {{"64", false}, {"-1", false}, {"5", false}, {"abc", false}, {"", false},
+                          {"63", true},  {"7x", true}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.address);
+        const int before = project.deviceCount;
+        ui.messages.clear();
+        Add(c.address);
+        EXPECT_EQ(project.deviceCount - before, c.accepted ? 1 : 0);
+        if (c.accepted)
+            EXPECT_TRUE(ui.messages.empty());
+        else
+            EXPECT_EQ(ui.messages.at(0).text, kAddressMessage);
+    }
+    EXPECT_EQ(project.devices[2].pollAddress, 7);
+    EXPECT_EQ(GetText(project.mode), "GATEWAY");
+}
+
+TEST_F(Devices, ATenCharacterAddressMakesAMultiplexerProject)
+{
+    Add("0123456789", 1);
+    EXPECT_EQ(GetText(project.mode), "MULTIPLEXOR");
+    EXPECT_EQ(GetText(project.devices[0].longAddress), "0123456789");
+    EXPECT_EQ(GetText(project.devices[0].typeName), "KFD2");
+    // The multiplexer, first device of its project, is polled with command 0 alone.
+    ASSERT_EQ(project.devices[0].commandCount, 1);
+    EXPECT_EQ(project.devices[0].commands[0].commandNumber, 0);
+    EXPECT_EQ(project.devices[0].commands[0].cycleInterval, 5);
+    // Later devices need long addresses too.
+    Add("4");
+    EXPECT_EQ(project.deviceCount, 1);
+    EXPECT_EQ(ui.messages.at(0).text, kAddressMessage);
+}
+
+TEST_F(Devices, DefaultCommandsDependOnModeAndPosition)
+{
+    struct Case {
+        const char* mode;
+        std::vector<int> firstDevice;
+    };
+    const Case cases[] = {{"GATEWAY", {2, 3}}, {"BRIDGE CLIENT", {}}, {"BRIDGE SERVER", {}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.mode);
+        LoadDefaultProject(project);
+        SetText(project.mode, c.mode);
+        Add("0");
+        Add("1");
+        std::vector<int> first;
+        for (int i = 0; i < project.devices[0].commandCount; ++i)
+            first.push_back(project.devices[0].commands[i].commandNumber);
+        EXPECT_EQ(first, c.firstDevice);
+        ASSERT_EQ(project.devices[1].commandCount, 2);  // later devices always get 2 and 3
+        EXPECT_EQ(project.devices[1].commands[1].commandNumber, 3);
+        EXPECT_EQ(project.devices[1].commands[1].cycleInterval, 1);
+        EXPECT_EQ(project.selectedDevice, 1);
+        EXPECT_EQ(project.projectSaved, 0);
+    }
+}
+
+TEST_F(Devices, SixteenDevicesAreTheLimit)
+{
+    for (int i = 0; i < MAX_DEVICES; ++i)
+        Add(wxString::Format("%d", i));
+    ASSERT_EQ(project.deviceCount, MAX_DEVICES);
+    AddDevice(ctx);
+    EXPECT_EQ(ui.deviceForms.size(), static_cast<size_t>(MAX_DEVICES));  // no dialog, no message
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
+{
+    Add("0");
+    Add("1");
+    project.selectedDevice = 1;
+    ui.deviceAnswers.push_back([](DeviceForm& form) {
+        EXPECT_EQ(form.address, "1");
+        EXPECT_EQ(form.typeSelection, 0);
+        form.typeSelection = 2;
+        form.autoAddressing = true;
+        return true;
+    });
+    ModifyDevice(ctx);
+    EXPECT_EQ(GetText(project.devices[1].typeName), "VegaPuls");
+    EXPECT_EQ(project.devices[1].enabled, 3);
+    EXPECT_EQ(project.devices[1].commandCount, 2);
+    Answer("0");  // another device's address
+    ModifyDevice(ctx);
+    EXPECT_EQ(project.devices[1].pollAddress, 1);
+    EXPECT_EQ(ui.messages.at(0).text, kAddressMessage);
+}
+
+TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
+{
+    for (const char* address : {"0", "1", "2", "3"})
+        Add(address);
+    for (int d = 0; d < 4; ++d) {
+        SetText(project.devices[d].deviceName, wxString::Format("N%d", d));
+        project.devices[d].commandCount = 10 + d;
+    }
+    project.selectedDevice = 1;
+    DeleteDevice(ctx);
+    ASSERT_EQ(project.deviceCount, 3);
+    EXPECT_EQ(project.devices[1].pollAddress, 2);
+    EXPECT_EQ(project.devices[2].pollAddress, 3);
+    EXPECT_EQ(GetText(project.devices[1].deviceName), "N1");  // names stay at their index
+    EXPECT_EQ(project.devices[0].commandCount, 12);           // count of device 2 landed at 0
+    EXPECT_EQ(project.devices[1].commandCount, 13);           // count of device 3 landed at 1
+    EXPECT_EQ(project.selectedDevice, 1);
+
+    project.selectedDevice = 2;  // the last one
+    DeleteDevice(ctx);
+    EXPECT_EQ(project.selectedDevice, 1);
+    for (int i = 0; i < 2; ++i) {
+        project.selectedDevice = 0;
+        DeleteDevice(ctx);
+    }
+    EXPECT_EQ(project.deviceCount, 0);
+    EXPECT_EQ(GetText(project.mode), "GATEWAY");
+}
+
+TEST_F(Devices, SelectingShowsTheDevicesCommandsFromTheFirst)
+{
+    Add("0");
+    Add("1");
+    project.selectedCommand = 1;
+    SelectDevice(ctx, 0);
+    EXPECT_EQ(project.selectedDevice, 0);
+    EXPECT_EQ(project.selectedCommand, 0);
+    EXPECT_EQ(ui.commandListRefreshCount, 1);
+}
+
+TEST_F(Devices, TheEnableCheckBoxSetsTheWholeValue)
+{
+    Answer("0", 0, true);
+    AddDevice(ctx);
+    ASSERT_EQ(project.devices[0].enabled, 3);
+    SetSelectedDeviceEnable(ctx, true);
+    EXPECT_EQ(project.devices[0].enabled, 1);
+    SetSelectedDeviceEnable(ctx, false);
+    EXPECT_EQ(project.devices[0].enabled, 0);
+    EXPECT_EQ(DeviceListLines(project), Lines({"#00 [00]  : Generic  [DISABLED]"}));
+}
