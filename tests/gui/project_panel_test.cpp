@@ -129,6 +129,8 @@ TEST(Dialogs, ExchangeTheirFormsBothWays)
     EXPECT_EQ(out.typeSelection, 0);
     EXPECT_EQ(out.address, "12");
     EXPECT_TRUE(out.enabledForPolling && out.autoAddressing);
+    device.Show();
+    EXPECT_TRUE(SaveScreenshot(&device, "device_dialog.png"));
 
     CmdDialog command(nullptr);
     command.TransferFormToWindow(CommandForm{"48:1,2", "10", true, false});
@@ -142,4 +144,6 @@ TEST(Dialogs, ExchangeTheirFormsBothWays)
     EXPECT_EQ(read.commandNumber, "48:1,2");
     EXPECT_EQ(read.cycleInterval, "60");
     EXPECT_TRUE(read.enabledForPolling && read.writeCommand);
+    command.Show();
+    EXPECT_TRUE(SaveScreenshot(&command, "command_dialog.png"));
 }
