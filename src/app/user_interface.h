@@ -4,6 +4,7 @@
 
 #include <wx/arrstr.h>
 #include <wx/string.h>
+#include <wx/utils.h>
 
 enum class MessageIcon { None, Information, Warning, Error, Exclamation };
 
@@ -83,6 +84,9 @@ public:
     // Rebuilds only the command list, for the selected device.
     virtual void RefreshCommandList() = 0;
     virtual void ShowStatus(const wxString& text) = 0;
+
+    // Lets a finished step stay on screen for a moment.
+    virtual void WaitSeconds(int seconds) { wxSleep(seconds); }
 
     // Shorthand for a plain notice with the default caption.
     void ShowMessage(const wxString& text) { ShowMessage(MessageForm{text, wxString(), MessageIcon::None}); }

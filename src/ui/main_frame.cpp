@@ -1,6 +1,8 @@
 #include "ui/main_frame.h"
 
 #include "app/startup.h"
+#include "build/configure_device.h"
+#include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"
 #include "project/project_commands.h"
@@ -101,6 +103,8 @@ void MainFrame::OnLoadFromDisk(wxCommandEvent&) { LoadProjectFromDisk(context); 
 void MainFrame::OnSave(wxCommandEvent&) { SaveProjectCommand(context); }
 void MainFrame::OnSaveAs(wxCommandEvent&) { SaveProjectAs(context); }
 void MainFrame::OnCloseProject(wxCommandEvent&) { CloseProject(context); }
+void MainFrame::OnLoadFromTG7(wxCommandEvent&) { LoadProjectFromDevice(context); }
+void MainFrame::OnConfigure(wxCommandEvent&) { ConfigureDevice(context); }
 
 void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
 void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
@@ -152,8 +156,6 @@ void MainFrame::OnCommandDoubleClick(wxMouseEvent& event)
 
 // Commands that later work fills in. They are bound now so that every menu item already
 // reaches its own handler.
-void MainFrame::OnLoadFromTG7(wxCommandEvent&) {}
-void MainFrame::OnConfigure(wxCommandEvent&) {}
 void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) {}
 void MainFrame::OnUpdateFirmware(wxCommandEvent&) {}
 void MainFrame::OnUploadInstallers(wxCommandEvent&) {}

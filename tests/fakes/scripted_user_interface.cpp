@@ -118,3 +118,8 @@ void ScriptedUserInterface::ShowStatus(const wxString& text)
     statuses.push_back(text);
     events.push_back("status: " + text);
 }
+
+void ScriptedUserInterface::WaitSeconds(int seconds)
+{
+    events.push_back(wxString::Format("wait %d", seconds));
+}

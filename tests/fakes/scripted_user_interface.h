@@ -45,5 +45,6 @@ public:
     bool EditCommand(CommandForm& form) override;
     void RefreshPanel() override;
     void RefreshCommandList() override;
+    void WaitSeconds(int seconds) override;  // recorded, not waited
     void ShowStatus(const wxString& text) override;
 };

@@ -1,0 +1,34 @@
+// Turns the open project into the gateway's configuration: the script of template inclusions
+// (INCLUDE/ct.ini), the parameter file (ADDITIONAL/dbsave.txt), a copy of the project file and the
+// Modbus map beside it, then runs ttbuild, which expands them into the files uploaded to the gateway.
+#pragma once
+
+#include <wx/arrstr.h>
+#include <wx/string.h>
+
+struct AppContext;
+struct DeviceTypeTable;
+struct Project;
+
+// The operating mode as both files carry it: 0 gateway, 1 bridge server, 2 bridge client,
+// 3 multiplexer. Any text other than the three named ones counts as a gateway.
+int ConfigModeCode(const Project& project);
+
+// 2 x swap bytes + 4 x swap words + 8 x swap longs.
+int FloatSwapCode(const Project& project);
+
+// The lines of ct.ini.
+wxArrayString BuildCtIniLines(const Project& project, const DeviceTypeTable& deviceTypes);
+
+// The lines of dbsave.txt.
+wxArrayString BuildDbSaveLines(const Project& project);
+
+// The ttbuild command line for the build folder and the output folder.
+wxString TtbuildCommand(const wxString& buildPath, const wxString& outputFolder, const wxString& separator);
+
+// Writes the four files into the build folder, makes the templates folder current and runs
+// ttbuild on them. An empty time server address is replaced by the default, in the project.
+// outputFolder: when empty, set to the build folder's OUTPUT; handed to ttbuild.
+// outputName: when empty, set to the project file's name without folder and extension.
+// True when ttbuild exits with 0; otherwise errorText says so, with the exit code.
+bool GenerateConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName);

@@ -1,0 +1,113 @@
+#include "build/configure_device.h"
+
+#include "app/app_context.h"
+#include "build/config_generator.h"
+#include "build/device_tools.h"
+#include "project/project_file.h"
+
+namespace {
+
+const char* const kTagCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890";
+
+// The gateway keeps at most this many characters of its tag name.
+constexpr size_t kGatewayTagLength = 8;
+
+void Fail(AppContext& ctx, const wxString& message)
+{
+    ctx.ui.EndProgress();
+    ctx.ui.ShowMessage(message);
+}
+
+// The gateway's firmware must be the one this software was built for.
+bool CheckGatewayVersions(AppContext& ctx)
+{
+    ctx.ui.PulseProgress("Checking firmware and templates versions");
+    wxArrayString report;
+    const long code = ctx.tools.RunCaptured(wxString::Format("ttdevtype \"%s\"", ctx.target.targetHost), report);
+    if (code < 0) {
+        // "ttdevtyp" without its final e: the text users and support know.
+        Fail(ctx, "ttdevtyp Could not connect to TG7, check IP address and network connection");
+        return false;
+    }
+    if (report.size() < 3) {
+        Fail(ctx, "Could not determine TG7 type, unable to proceed");
+        return false;
+    }
+    const wxString firmware = ReportedVersion(report[1]);
+    const wxString templates = ReportedVersion(report[2]);
+    if (firmware.empty()) {
+        Fail(ctx, "Could not determine TG7 Firmware version (ttdevtype format error), unable to proceed");
+        return false;
+    }
+    if (templates.empty()) {
+        Fail(ctx, "Could not determine TG7 Templates (ttdevtype format error), unable to proceed");
+        return false;
+    }
+    if (firmware != ctx.env.FirmwareVersion) {
+        Fail(ctx, "The firmware installed on the TG7 is not compatible with this version of TGx Software Suite. "
+                  "Before you can configure your device you must update the firmware using the 'Update Firmware' "
+                  "option under the 'Target' menu");
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+wxString ReportedVersion(const wxString& line)
+{
+    const int v = line.Find('v', true);
+    const wxString afterV = v == wxNOT_FOUND ? line : line.Mid(v + 1);
+    return afterV.BeforeFirst('-');
+}
+
+void ConfigureDevice(AppContext& ctx)
+{
+    Project& project = ctx.project;
+    if (!project.projectFilePath.IsOk()) {
+        ctx.ui.ShowMessage("The current project has no name as it has not yet been saved.\n"
+                           "You must save this project first");
+        return;
+    }
+    if (project.modbusMapLines.empty() &&
+        !ctx.ui.AskYesNo(QuestionForm{"WARNING : There is no Modbus Map configured for this project\n"
+                                      "You can create or edit a map using the Modbus menu\n\n"
+                                      "Do you wish to continue without a map ?",
+                                      "Warning", MessageIcon::Exclamation}))
+        return;
+    if (!PromptTargetAddress(ctx))
+        return;
+    TextEntryForm tag{"Enter a Tagname for this TG7", "User entry required", GetText(project.tagName), kTagCharacters};
+    if (!ctx.ui.EnterText(tag))
+        return;
+    // Cut without a word, as the gateway has always taken it.
+    SetText(project.tagName, tag.value.Left(kGatewayTagLength));
+
+    // Saved before anything is sent, so the project on disk matches what the gateway gets.
+    SaveProject(ctx, project.projectFilePath.GetFullPath());
+    ctx.ui.RefreshPanel();
+
+    ctx.ui.BeginProgress("Device configuration", "Configuring device .. Please wait");
+    if (!CheckGatewayVersions(ctx))
+        return;
+    ctx.ui.PulseProgress("Building Configuration");
+    wxString errorText, outputFolder, outputName;
+    if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName)) {
+        Fail(ctx, errorText);
+        return;
+    }
+    ctx.ui.PulseProgress("Uploading Configuration");
+    if (!UploadConfiguration(ctx, errorText)) {
+        Fail(ctx, errorText);
+        return;
+    }
+    ctx.ui.PulseProgress("Restarting the HART Gateway");
+    if (!RebootDevice(ctx, 1)) {
+        Fail(ctx, "ERROR : Failed to reboot TG7");
+        return;
+    }
+    ctx.ui.PulseProgress("Done");
+    ctx.ui.WaitSeconds(1);
+    ctx.ui.EndProgress();
+    ctx.ui.ShowMessage("Configuration Complete");
+}

@@ -1,0 +1,49 @@
+#include "build/device_tools.h"
+
+#include "app/app_context.h"
+
+bool PromptTargetAddress(AppContext& ctx)
+{
+    TextEntryForm form{"Enter device IP address or domain name", "User entry required", ctx.target.targetEntry, {}};
+    if (!ctx.ui.EnterText(form))
+        return false;
+    const wxString& text = form.value;
+    const int colon = text.Find(':', true);
+    const wxString host = colon == wxNOT_FOUND ? wxString() : text.Left(colon);
+    if (host.empty()) {
+        // No host before a colon: the whole text is the address, the port stays as it was.
+        ctx.target.targetEntry = text;
+        ctx.target.targetHost = text;
+        return true;
+    }
+    const wxString port = text.Mid(colon + 1);
+    ctx.tools.SetEnvironment("TT_SSH_PORT", port);
+    ctx.target.targetEntry = host + ":" + port;
+    ctx.target.targetHost = host;
+    return true;
+}
+
+wxString BuildFolder(const AppContext& ctx, const char* name)
+{
+    return ctx.env.TgxBuildPath + ctx.platform.PathSeparator() + name;
+}
+
+bool UploadConfiguration(AppContext& ctx, wxString& errorText)
+{
+    ctx.tools.SetWorkingDirectory(BuildFolder(ctx, "OUTPUT"));
+    wxArrayString output;
+    const long code = ctx.tools.RunCaptured(wxString::Format("ttrestore \"%s\" config", ctx.target.targetHost), output);
+    if (code == 0)
+        return true;
+    errorText = wxString::Format("Failed to upload configuration files to TG7 - (ttrestore returned %ld).\n"
+                                 "Check IP address, Power and Network connection",
+                                 code);
+    return false;
+}
+
+bool RebootDevice(AppContext& ctx, int a)
+{
+    wxArrayString output;
+    return ctx.tools.RunCaptured(wxString::Format("ttreboot \"%s\" -s=%d -w -a=%d", ctx.target.targetHost, 60, a),
+                                 output) == 0;
+}

@@ -1,0 +1,20 @@
+// The gateway as the device tools reach it: its address, the upload of a built configuration
+// and the restart.
+#pragma once
+
+#include <wx/string.h>
+
+struct AppContext;
+
+// Asks for the gateway's address; false when cancelled. A port typed after the last colon goes
+// to the tools through TT_SSH_PORT and stays in force for the rest of the run.
+bool PromptTargetAddress(AppContext& ctx);
+
+// Uploads the build output folder to the gateway (ttrestore).
+bool UploadConfiguration(AppContext& ctx, wxString& errorText);
+
+// Restarts the gateway (ttreboot); `a` is passed as its -a option.
+bool RebootDevice(AppContext& ctx, int a);
+
+// A folder of the build path, joined as the installation expects ("OUTPUT", "INCLUDE", ...).
+wxString BuildFolder(const AppContext& ctx, const char* name);

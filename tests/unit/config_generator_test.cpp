@@ -1,0 +1,331 @@
+#include "build/config_generator.h"
+#include "fakes/test_context.h"
+#include "project/text_file.h"
+#include "temp_dir.h"
+
+#include "wx_test_support.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <initializer_list>
+#include <sstream>
+#include <string>
+
+namespace {
+
+std::string ReadBytes(const wxString& path)
+{
+    std::ifstream in(path.fn_str(), std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+ProjectDevice& AddDevice(Project& project, const char* type, int pollAddress, int enabled,
+    std::initializer_list<HartCommandEntry> commands = {})
+{
+    ProjectDevice& device = project.devices[project.deviceCount++];
+    SetText(device.typeName, type);
+    device.pollAddress = pollAddress;
+    device.enabled = enabled;
+    for (const HartCommandEntry& command : commands)
+        device.commands[device.commandCount++] = command;
+    return device;
+}
+
+// The set-ups of the expected files in tests/golden/config/<folder>.
+// HartCommandEntry: command number, arguments, argument count, interval, poll enabled, write.
+void NoDevices(Project&, DeviceTypeTable&) { }
+
+void GatewayTwoTypes(Project& project, DeviceTypeTable& types)
+{
+    ParseDeviceTypeLine("DEV_TYPE Generic gen_dev.ini gen_mb1.ini gen_mb2.ini gen_mb3.ini gen_dmb.ini", types);
+    ParseDeviceTypeLine("DEV_TYPE Rosemount3051 rm_dev.ini rm_mb1.ini rm_mb2.ini rm_mb3.ini rm_dmb.ini", types);
+    SetText(project.tagName, "Boiler_House");
+    SetText(project.remoteIp, "10.1.2.3");
+    project.bridgeBufferTime = 35;
+    project.timeServerEnable = 0;
+    SetText(project.timeServerAddress, "ntp.plant.local");
+    project.floatSwapBytes = 1;
+    project.floatSwapWords = 0;
+    project.floatSwapLongs = 1;
+    SetText(project.serialPortFunction, "MODBUS");
+    SetText(project.serialPortType, "RS485");
+    project.serialBaudRate = 19200;
+    project.serialStopBits = 2;
+    SetText(project.serialParity, "EVENPARITY");
+    project.modbusRtuAddress = 17;
+    project.modbusTcpPort = 5020;
+    project.vcpPort = 7720;
+    project.mencapPort = 1101;
+    project.intercomPort = 5030;
+    project.syslogPort = 514;
+    project.hartIpTcpPort = 20004;
+    SetText(project.pollingDeferralMode, "PARTIAL");
+    project.nanControl = 2;
+    project.primaryMaster = 0;
+    AddDevice(
+        project, "Rosemount3051", 2, 1, {{3, {}, 0, 10, 1, 0}, {48, {}, 0, 60, 0, 0}, {9, {0, 1, 2, 3}, 4, 5, 1, 0}});
+    AddDevice(project, "Generic", 7, 0, {{1, {}, 0, 2, 2, 0}, {35, {12, 250}, 2, 0, 1, 1}});
+}
+
+void MuxLongAddresses(Project& project, DeviceTypeTable& types)
+{
+    ParseDeviceTypeLine("DEV_TYPE Generic gen_dev.ini gen_mb1.ini gen_mb2.ini gen_mb3.ini gen_dmb.ini", types);
+    ParseDeviceTypeLine("DEV_TYPE KFD2 kfd2_dev.ini kfd2_mb1.ini kfd2_mb2.ini kfd2_mb3.ini kfd2_dmb.ini", types);
+    LoadMuxEmptyDefaults(project);
+    SetText(project.timeServerAddress, "");
+    ProjectDevice& device = AddDevice(project, "Generic", 4, 3, {{1, {}, 0, 30, 1, 0}, {6, {9}, 1, 15, 1, 1}});
+    SetText(device.longAddress, "00112233445566778899");
+}
+
+// Mirrors the project described in tests/golden/config/fifty_commands/make_golden.py.
+void FiftyCommands(Project& project, DeviceTypeTable& types)
+{
+    ParseDeviceTypeLine("DEV_TYPE Generic gen_dev.ini gen_mb1.ini gen_mb2.ini gen_mb3.ini gen_dmb.ini", types);
+    SetText(project.tagName, "Line_4");
+    SetText(project.mode, "BRIDGE CLIENT");
+    SetText(project.remoteIp, "192.168.7.20");
+    project.floatSwapBytes = 1;
+    SetText(project.pollingDeferralMode, "OFF");
+    project.nanControl = 1;
+    AddDevice(project, "Generic", 3, 1);
+    ProjectDevice& device = AddDevice(project, "Generic", 9, 1);
+    for (int k = 0; k < MAX_COMMANDS; ++k) {
+        HartCommandEntry& command = device.commands[device.commandCount++];
+        command = {128 + k, {}, MAX_COMMAND_ARGS, 5 * (k + 1), k % 5 == 4 ? 0 : 1, k % 7 == 3 ? 1 : 0};
+        for (int j = 0; j < MAX_COMMAND_ARGS; ++j)
+            command.args[j] = k * MAX_COMMAND_ARGS + j;
+    }
+}
+
+} // namespace
+
+class ConfigGenerator : public ::testing::Test, protected TestContext {
+protected:
+    ConfigGenerator()
+    {
+        platform.separator = "/";
+        env.TgxBuildPath = dir.path + "/suite/tgxconfigure";
+        env.TgxTemplatesPath = dir.path + "/suite/tgxtemplates";
+        for (const char* folder : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
+            wxFileName::Mkdir(env.TgxBuildPath + "/" + folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        LoadDefaultProject(project);
+        project.projectFilePath = dir.Write("projects/plant7.prj", "TGX TAGNAME=Unnamed\r\n");
+    }
+
+    wxString Built(const char* relative) const { return env.TgxBuildPath + "/" + relative; }
+
+    bool Generate()
+    {
+        wxString outputFolder, outputName;
+        return GenerateConfiguration(ctx, errorText, outputFolder, outputName);
+    }
+
+    TempDir dir;
+    wxString errorText;
+};
+
+TEST_F(ConfigGenerator, WritesTheExpectedScriptAndParameterFile)
+{
+    struct Case {
+        const char* folder;
+        void (*setUp)(Project&, DeviceTypeTable&);
+    };
+    const Case cases[] = {
+        {"no_devices", NoDevices},
+        {"gateway_two_types", GatewayTwoTypes},
+        {"mux_long_addresses", MuxLongAddresses},
+        {"fifty_commands", FiftyCommands},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.folder);
+        LoadDefaultProject(project);
+        deviceTypes.deviceTypeCount = 0;
+        c.setUp(project, deviceTypes);
+        // Longer leftovers of an earlier build must not survive: the files are rewritten whole.
+        const std::string leftover(20000, 'x');
+        std::ofstream(Built("INCLUDE/ct.ini").fn_str(), std::ios::binary) << leftover;
+        std::ofstream(Built("ADDITIONAL/dbsave.txt").fn_str(), std::ios::binary) << leftover;
+
+        ASSERT_TRUE(Generate());
+        const wxString golden = wxString(TGX_SOURCE_DIR) + "/tests/golden/config/" + c.folder;
+        EXPECT_EQ(ReadBytes(Built("INCLUDE/ct.ini")), ReadBytes(golden + "/ct.ini"));
+        EXPECT_EQ(ReadBytes(Built("ADDITIONAL/dbsave.txt")), ReadBytes(golden + "/dbsave.txt"));
+    }
+}
+
+TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
+{
+    struct Case {
+        const char* projectFile; // empty: never saved
+        const char* outputFolder;
+        const char* outputName;
+        wxString expectedFolder;
+        const char* expectedName;
+    };
+    const wxString defaultFolder = Built("OUTPUT");
+    const Case cases[] = {
+        {"plant7.prj", "", "", defaultFolder, "plant7"},
+        {"my.plant.v2.prj", "", "", defaultFolder, "my.plant.v2"},
+        {"plant7.prj", "/srv/tg7 out", "given", "/srv/tg7 out", "given"},
+        {"", "", "", defaultFolder, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.projectFile + wxString("|") + c.outputFolder);
+        tools.runs.clear();
+        project.projectFilePath = *c.projectFile ? wxFileName(dir.path + "/projects/" + c.projectFile) : wxFileName();
+        wxString outputFolder = c.outputFolder, outputName = c.outputName;
+        ASSERT_TRUE(GenerateConfiguration(ctx, errorText, outputFolder, outputName));
+        EXPECT_EQ(outputFolder, c.expectedFolder);
+        EXPECT_EQ(outputName, c.expectedName);
+        ASSERT_EQ(tools.runs.size(), 1u);
+        EXPECT_EQ(tools.runs[0].command,
+            "ttbuild -s=BUILD -f=LINUX \"-i=" + env.TgxBuildPath + "/INCLUDE\" \"-a=" + env.TgxBuildPath
+                + "/ADDITIONAL\" \"-o=" + c.expectedFolder + "\" \"-c=config\"");
+        EXPECT_EQ(tools.runs[0].mode, RunMode::BlockingHidden);
+        EXPECT_EQ(tools.runs[0].workingDirectory, env.TgxTemplatesPath);
+    }
+    EXPECT_TRUE(errorText.empty());
+    EXPECT_TRUE(ui.events.empty()); // the caller decides what to show
+}
+
+TEST(ConfigGeneratorCommand, JoinsWindowsPathsWithBackslashesInsideTheQuotes)
+{
+    EXPECT_EQ(TtbuildCommand("C:\\Program Files\\TGx\\tgxconfigure", "D:\\TG7 builds\\line 4", "\\"),
+        "ttbuild -s=BUILD -f=LINUX \"-i=C:\\Program Files\\TGx\\tgxconfigure\\INCLUDE\" "
+        "\"-a=C:\\Program Files\\TGx\\tgxconfigure\\ADDITIONAL\" \"-o=D:\\TG7 builds\\line 4\" \"-c=config\"");
+}
+
+TEST_F(ConfigGenerator, FailedBuildReportsTheExitCodeAfterWritingTheFiles)
+{
+    for (long code : {2L, -1L}) {
+        tools.fallback.exitCode = code;
+        if (wxFileExists(Built("INCLUDE/ct.ini")))
+            wxRemoveFile(Built("INCLUDE/ct.ini"));
+        EXPECT_FALSE(Generate());
+        EXPECT_EQ(errorText,
+            wxString::Format("Failed to build configuration files for TG7 - (ttbuild returned %ld).\n"
+                             "Check TARN software is properly installed",
+                code));
+        EXPECT_TRUE(wxFileExists(Built("INCLUDE/ct.ini")));
+    }
+    EXPECT_EQ(errorText.BeforeFirst('\n'), "Failed to build configuration files for TG7 - (ttbuild returned -1).");
+}
+
+TEST_F(ConfigGenerator, EmptyTimeServerGetsTheDefaultWhichStaysInTheProject)
+{
+    const struct {
+        const char* address;
+        const char* expected;
+    } cases[] = {{"", "pool.ntp.org"}, {"time.plant.local", "time.plant.local"}};
+    for (const auto& c : cases) {
+        SetText(project.timeServerAddress, c.address);
+        ASSERT_TRUE(Generate());
+        EXPECT_EQ(GetText(project.timeServerAddress), c.expected);
+        wxArrayString script;
+        ReadTextLines(Built("INCLUDE/ct.ini"), script);
+        ASSERT_GT(script.size(), 5u);
+        EXPECT_EQ(script[5], wxString("#include defstmpl.ini(Unnamed,1,0,4,0,0.0.0.0,50002,20,1,") + c.expected + ")");
+    }
+}
+
+TEST_F(ConfigGenerator, CopiesTheProjectFileAndWritesTheMap)
+{
+    // Copied byte for byte, whatever its line ends and encoding.
+    const std::string projectBytes = "TGX TAGNAME=Kessel\nREMOTE IP=0.0.0.0\r\n\xC3\xBC\x00tail";
+    std::ofstream(project.projectFilePath.GetFullPath().fn_str(), std::ios::binary) << projectBytes;
+    dir.Write("suite/tgxconfigure/ADDITIONAL/tgxconfig.prj", "an older project that is longer than the new one");
+    project.modbusMapLines = Lines({"40001,PV,FLOAT", "40003,SV,FLOAT"});
+    ASSERT_TRUE(Generate());
+    EXPECT_EQ(ReadBytes(Built("ADDITIONAL/tgxconfig.prj")), projectBytes);
+    EXPECT_EQ(ReadBytes(Built("ADDITIONAL/MBMAP1.csv")), "40001,PV,FLOAT\r\n40003,SV,FLOAT\r\n");
+
+    // No map empties the file; an unsaved project has nothing to copy, and the old copy stays.
+    project.modbusMapLines.Clear();
+    project.projectFilePath.Clear();
+    ASSERT_TRUE(Generate());
+    EXPECT_EQ(ReadBytes(Built("ADDITIONAL/MBMAP1.csv")), "");
+    EXPECT_EQ(ReadBytes(Built("ADDITIONAL/tgxconfig.prj")), projectBytes);
+}
+
+TEST(ConfigGeneratorLines, EveryTableRowOfTheDeviceTypeIsIncludedInTableOrder)
+{
+    DeviceTypeTable types;
+    for (const char* line : {"DEV_TYPE Gen x2 x3 x4 x5 x6", "DEV_TYPE Generic a2 a3 a4 a5 a6",
+             "DEV_TYPE Sensor s2 s3 s4 s5 s6", "DEV_TYPE Generic b2 b3 b4 b5 b6"})
+        ParseDeviceTypeLine(line, types);
+    Project project;
+    LoadDefaultProject(project);
+    AddDevice(project, "Generic", 1, 1);
+    AddDevice(project, "Unknown", 2, 1); // matches no row: no lines at all
+    AddDevice(project, "generic", 3, 1); // names compare exactly, case included
+    AddDevice(project, "Sensor", 4, 0);
+
+    wxArrayString lines = BuildCtIniLines(project, types);
+    ASSERT_GT(lines.size(), 12u);
+    lines.RemoveAt(0, 12);
+    EXPECT_EQ(lines,
+        Lines({"#include a2(0,0,1)", "#include b2(0,0,1)", "#include s2(0,3,4)", ";", "; System modbus items",
+            "; ~~~~~~~~~~~~~~~~~~~", "#include systemmb.ini", "#include a3(0,0)", "#include b3(0,0)",
+            "#include s3(0,3)", "#include a4(0,0)", "#include b4(0,0)", "#include s4(0,3)", "#include a5(0,0)",
+            "#include b5(0,0)", "#include s5(0,3)", "#include hartloopmbtmpl.ini(0)", ";", "; Device modbus items",
+            "; ~~~~~~~~~~~~~~~~~~~", "#include a6(0,0)", "#include b6(0,0)", "#include s6(0,3)", ";", "; END"}));
+}
+
+TEST(ConfigGeneratorLines, ModeAndDeferralTextsMustMatchExactly)
+{
+    // The golden files hold the other mode codes and the three known deferral modes.
+    const struct {
+        const char* mode;
+        const char* deferral;
+        wxArrayString expected;
+    } cases[] = {
+        {"BRIDGE SERVER", "NONE", Lines({"1,SYS:OPERMODE,1", "1,SYS:DEFERMODE,0", "1,L0:NANCTRL,0", "1,L0:MADDR,1"})},
+        {"Multiplexor", "full", Lines({"1,SYS:OPERMODE,0", "1,L0:NANCTRL,0", "1,L0:MADDR,1"})},
+        {"", "FULL ", Lines({"1,SYS:OPERMODE,0", "1,L0:NANCTRL,0", "1,L0:MADDR,1"})},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.mode);
+        Project project;
+        LoadDefaultProject(project);
+        SetText(project.mode, c.mode);
+        SetText(project.pollingDeferralMode, c.deferral);
+        EXPECT_EQ(BuildDbSaveLines(project), c.expected);
+    }
+}
+
+TEST(ConfigGeneratorLines, CountsBeyondTheLimitsAreCutToThem)
+{
+    // As a damaged or hand-edited project file can leave them.
+    Project project;
+    LoadDefaultProject(project);
+    DeviceTypeTable types;
+    ParseDeviceTypeLine("DEV_TYPE Generic g2 g3 g4 g5 g6", types);
+    for (ProjectDevice& device : project.devices)
+        SetText(device.typeName, "Generic");
+    project.deviceCount = 40;
+    ProjectDevice& full = project.devices[0];
+    full.commandCount = 99;
+    for (int k = 0; k < MAX_COMMANDS; ++k)
+        full.commands[k].commandNumber = k + 1;
+    full.commands[0] = {7, {1, 2, 3, 4, 5, 6, 7, 8}, 12, 1, 1, 0};
+    full.commands[1].argCount = -4;
+
+    const wxArrayString script = BuildCtIniLines(project, types);
+    EXPECT_EQ(script[6], "#include hartlooptmpl.ini(0,16)");
+    EXPECT_EQ(script[12 + 15], "#include g2(0,15,0)");
+    EXPECT_EQ(script[12 + 16], ";");
+
+    const wxArrayString lines = BuildDbSaveLines(project);
+    ASSERT_EQ(lines.size(), 4u + 16u * 55u);
+    EXPECT_EQ(lines[6].AfterLast(':').Freq(','), 50u);
+    EXPECT_TRUE(lines[6].EndsWith(",48,49,50"));
+    EXPECT_EQ(lines[9], "1,L0D0:CMDARGS1,1,2,3,4,5,6,7,8");
+    EXPECT_EQ(lines[10], "1,L0D0:CMDARGS2,-1,-1,-1,-1,-1,-1,-1,-1");
+
+    project.deviceCount = -3;
+    EXPECT_EQ(BuildDbSaveLines(project).size(), 4u);
+    EXPECT_EQ(BuildCtIniLines(project, types)[12], ";");
+}

@@ -1,0 +1,254 @@
+#include "build/configure_device.h"
+#include "build/device_tools.h"
+#include "fakes/test_context.h"
+#include "project/load_from_device.h"
+#include "project/project_file.h"
+#include "project/text_file.h"
+#include "temp_dir.h"
+#include "wx_test_support.h"
+
+#include <gtest/gtest.h>
+
+TEST(TargetAddress, PromptSplitsAtTheLastColon)
+{
+    struct Case {
+        const char* typed;
+        const char* host;
+        const char* entry;
+        const char* port;  // nullptr: TT_SSH_PORT untouched
+    };
+    const Case cases[] = {
+        {"10.0.0.7:2222", "10.0.0.7", "10.0.0.7:2222", "2222"},
+        {"gateway.local", "gateway.local", "gateway.local", nullptr},
+        {"10.0.0.7:", "10.0.0.7", "10.0.0.7:", ""},
+        {":2222", ":2222", ":2222", nullptr},
+        {"fe80::1:22", "fe80::1", "fe80::1:22", "22"},
+        {"host:abc", "host", "host:abc", "abc"},  // not checked
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        TestContext t;
+        t.target.targetEntry = "192.168.1.250";
+        t.ui.texts = {wxString(c.typed)};
+        ASSERT_TRUE(PromptTargetAddress(t.ctx));
+        const TextEntryForm& form = t.ui.textForms.at(0);
+        EXPECT_EQ(form.message, "Enter device IP address or domain name");
+        EXPECT_EQ(form.caption, "User entry required");
+        EXPECT_EQ(form.value, "192.168.1.250");
+        EXPECT_EQ(t.target.targetHost, c.host);
+        EXPECT_EQ(t.target.targetEntry, c.entry);
+        EXPECT_EQ(t.tools.environment.count("TT_SSH_PORT"), c.port ? 1u : 0u);
+        if (c.port) {
+            EXPECT_EQ(t.tools.environment["TT_SSH_PORT"], c.port);
+        }
+    }
+    TestContext cancelled;
+    cancelled.target.targetHost = "kept";
+    cancelled.ui.texts = {std::nullopt};
+    EXPECT_FALSE(PromptTargetAddress(cancelled.ctx));
+    EXPECT_EQ(cancelled.target.targetHost, "kept");
+    EXPECT_TRUE(cancelled.tools.runs.empty());
+}
+
+TEST(DeviceTools, UploadAndRebootCommandLines)
+{
+    TestContext t;
+    t.env.TgxBuildPath = "C:\\TGx\\tgxconfigure";
+    t.target.targetHost = "10.0.0.7";
+    t.tools.replies = {{3, {}}, {0, {}}, {1, {}}};
+    wxString error;
+    EXPECT_FALSE(UploadConfiguration(t.ctx, error));
+    EXPECT_EQ(error, "Failed to upload configuration files to TG7 - (ttrestore returned 3).\n"
+                     "Check IP address, Power and Network connection");
+    EXPECT_EQ(t.tools.runs[0].command, "ttrestore \"10.0.0.7\" config");
+    EXPECT_EQ(t.tools.runs[0].workingDirectory, "C:\\TGx\\tgxconfigure\\OUTPUT");
+    EXPECT_TRUE(RebootDevice(t.ctx, 5));
+    EXPECT_FALSE(RebootDevice(t.ctx, 1));
+    EXPECT_EQ(t.tools.runs[1].command, "ttreboot \"10.0.0.7\" -s=60 -w -a=5");
+    EXPECT_EQ(t.tools.runs[2].mode, RunMode::Captured);
+}
+
+TEST(DeviceTools, ReportedVersions)
+{
+    EXPECT_EQ(ReportedVersion("Firmware: TG7main-v6.2.2-build7"), "6.2.2");
+    EXPECT_EQ(ReportedVersion("6.2.2"), "6.2.2");
+    EXPECT_EQ(ReportedVersion("v1-v2-3"), "2");
+    EXPECT_EQ(ReportedVersion("TG7main-v"), "");
+    EXPECT_EQ(ReportedVersion("-build"), "");
+}
+
+namespace {
+
+class Configure : public ::testing::Test, protected TestContext {
+protected:
+    Configure()
+    {
+        platform.separator = "/";
+        env.TgxBuildPath = dir.path + "/tgxconfigure";
+        env.TgxTemplatesPath = dir.path + "/tgxtemplates";
+        env.FirmwareVersion = "6.2.2";
+        for (const char* sub : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
+            wxFileName::Mkdir(env.TgxBuildPath + "/" + sub, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        LoadDefaultProject(project);
+        project.automaticModbusMap = 0;
+        project.projectFilePath.Assign(dir.path + "/plant.prj");
+        project.modbusMapLines = Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"});
+        target.targetEntry = "192.168.1.250";
+        ui.texts = {wxString("10.0.0.9:2200"), wxString("Boiler12House")};
+    }
+    static ToolReply Report(const char* firmware, const char* templates = "Templates: TG7tmpl-v3.1.0")
+    {
+        return {0, Lines({"TG7-Plus", firmware, templates})};
+    }
+    TempDir dir;
+};
+
+}  // namespace
+
+TEST_F(Configure, ASuccessfulRunInOrder)
+{
+    tools.replies = {Report("Firmware: TG7main-v6.2.2-build7"), {0, {}}, {0, {}}, {0, {}}};
+    ConfigureDevice(ctx);
+    EXPECT_EQ(GetText(project.tagName), "Boiler12");
+    EXPECT_EQ(project.projectSaved, 1);
+    EXPECT_TRUE(wxFileExists(dir.path + "/plant.prj"));
+    EXPECT_EQ(ui.textForms.at(1).allowedChars, "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890");
+    EXPECT_EQ(ui.textForms.at(1).message, "Enter a Tagname for this TG7");
+    EXPECT_EQ(tools.environment["TT_SSH_PORT"], "2200");
+    const wxArrayString commands = tools.Commands();
+    ASSERT_EQ(commands.size(), 4u);
+    EXPECT_EQ(commands[0], "ttdevtype \"10.0.0.9\"");
+    EXPECT_TRUE(commands[1].StartsWith("ttbuild -s=BUILD -f=LINUX"));
+    EXPECT_EQ(tools.runs[1].workingDirectory, env.TgxTemplatesPath);
+    EXPECT_EQ(commands[2], "ttrestore \"10.0.0.9\" config");
+    EXPECT_EQ(commands[3], "ttreboot \"10.0.0.9\" -s=60 -w -a=1");
+    EXPECT_EQ(ui.progress, (std::vector<wxString>{"begin: Device configuration | Configuring device .. Please wait",
+                                                  "pulse: Checking firmware and templates versions",
+                                                  "pulse: Building Configuration", "pulse: Uploading Configuration",
+                                                  "pulse: Restarting the HART Gateway", "pulse: Done", "end"}));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "Configuration Complete");
+    EXPECT_EQ(ui.events[ui.events.size() - 3], "wait 1");
+}
+
+TEST_F(Configure, EachFailureIsOneMessageAndNothingAfterItRuns)
+{
+    const char* const incompatible =
+        "The firmware installed on the TG7 is not compatible with this version of TGx Software Suite. Before you can "
+        "configure your device you must update the firmware using the 'Update Firmware' option under the 'Target' menu";
+    struct Case {
+        std::deque<ToolReply> replies;
+        const char* message;
+        size_t runs;
+    };
+    const Case cases[] = {
+        {{{-1, {}}}, "ttdevtyp Could not connect to TG7, check IP address and network connection", 1},
+        {{{0, Lines({"TG7-Plus", "Firmware: TG7main-v6.2.2"})}}, "Could not determine TG7 type, unable to proceed", 1},
+        {{Report("Firmware: TG7main-v-x")}, "Could not determine TG7 Firmware version (ttdevtype format error), unable to proceed", 1},
+        {{Report("TG7main-v6.2.2", "tmpl-v")}, "Could not determine TG7 Templates (ttdevtype format error), unable to proceed", 1},
+        {{Report("TG7main-v6.2.3")}, incompatible, 1},
+        {{Report("TG7main-V6.2.2")}, incompatible, 1},  // compared exactly, case included
+        {{Report("TG7main-v6.2.2"), {2, {}}},
+         "Failed to build configuration files for TG7 - (ttbuild returned 2).\nCheck TARN software is properly installed", 2},
+        {{Report("TG7main-v6.2.2"), {0, {}}, {3, {}}},
+         "Failed to upload configuration files to TG7 - (ttrestore returned 3).\nCheck IP address, Power and Network connection", 3},
+        {{Report("TG7main-v6.2.2"), {0, {}}, {0, {}}, {1, {}}}, "ERROR : Failed to reboot TG7", 4},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.message);
+        tools.runs.clear();
+        tools.replies = c.replies;
+        tools.fallback = {0, Lines({"not scripted"})};
+        ui.messages.clear();
+        ui.progress.clear();
+        ui.texts = {wxString("10.0.0.9"), wxString("TAG")};
+        ConfigureDevice(ctx);
+        EXPECT_EQ(tools.runs.size(), c.runs);
+        ASSERT_EQ(ui.messages.size(), 1u);
+        EXPECT_EQ(ui.messages[0].text, c.message);
+        EXPECT_EQ(ui.progress.back(), "end");  // the dialog is gone before the message
+    }
+}
+
+TEST_F(Configure, StopsBeforeTheGatewayWhenAskedTo)
+{
+    // Never saved: stops at once, even with a map.
+    project.projectFilePath.Clear();
+    ConfigureDevice(ctx);
+    EXPECT_EQ(ui.messages.at(0).text,
+              "The current project has no name as it has not yet been saved.\nYou must save this project first");
+
+    // No map, and the answer is No.
+    project.projectFilePath.Assign(dir.path + "/plant.prj");
+    project.modbusMapLines.Clear();
+    ui.answers = {false};
+    ConfigureDevice(ctx);
+    EXPECT_EQ(ui.questions.at(0).caption, "Warning");
+    EXPECT_EQ(ui.questions.at(0).icon, MessageIcon::Exclamation);
+    EXPECT_EQ(ui.questions.at(0).text, "WARNING : There is no Modbus Map configured for this project\nYou can create or "
+                                       "edit a map using the Modbus menu\n\nDo you wish to continue without a map ?");
+
+    // Cancelled address, then cancelled tag.
+    ui.answers = {true, true};
+    ui.texts = {std::nullopt, wxString("10.0.0.9"), std::nullopt};
+    ConfigureDevice(ctx);
+    ConfigureDevice(ctx);
+    EXPECT_TRUE(tools.runs.empty());
+    EXPECT_FALSE(wxFileExists(dir.path + "/plant.prj"));  // nothing saved either
+    EXPECT_EQ(ui.messages.size(), 1u);
+}
+
+namespace {
+
+class LoadFromDevice : public ::testing::Test, protected TestContext {
+protected:
+    LoadFromDevice()
+    {
+        target.targetEntry = "10.0.0.7";
+        ui.texts = {wxString("10.0.0.7")};
+    }
+};
+
+}  // namespace
+
+TEST_F(LoadFromDevice, FetchesProjectAndMap)
+{
+    // The scripted runner cannot write files, so the files are placed where the fetch puts them.
+    const wxString folder = DeviceDownloadFolder();
+    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    struct FakeFetch : ScriptedToolRunner {
+        long RunCaptured(const wxString& command, wxArrayString& output) override
+        {
+            const long code = ScriptedToolRunner::RunCaptured(command, output);
+            if (command.Contains("tgxconfig.prj"))
+                WriteTextLines(command.AfterLast(' ').Mid(1).BeforeLast('"'), Lines({"DEVICE COUNT:1", "TGX TAGNAME:GW7"}));
+            return code;
+        }
+    } fetch;
+    AppContext withFetch{project, env, target, deviceTypes, ui, fetch, platform};
+    fetch.replies = {{0, {}}, {1, {}}, {0, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"})}};
+    LoadProjectFromDevice(withFetch);
+    const wxArrayString commands = fetch.Commands();
+    ASSERT_EQ(commands.size(), 3u);
+    EXPECT_EQ(commands[0], "ttgetfile \"10.0.0.7\" TG7/tgxconfig.prj \"" + folder + "/tgxconfig.prj\"");
+    EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + "/MBMAP1.csv\"");
+    EXPECT_EQ(commands[2], "ttmbprint \"10.0.0.7\" -f=2");
+    EXPECT_EQ(ui.progress.at(0), "begin: Downloading project file | Load config from TG7\n");
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(project.projectOpen, 1);
+    EXPECT_EQ(project.deviceCount, 1);
+    EXPECT_EQ(GetText(project.tagName), "GW7");
+    EXPECT_EQ(project.modbusMapLines, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"}));  // printed: no map file
+    EXPECT_FALSE(project.projectFilePath.IsOk());  // fetched, not yet saved anywhere
+    EXPECT_FALSE(wxFileExists(folder + "/tgxconfig.prj"));
+}
+
+TEST_F(LoadFromDevice, AFailedFetchEndsTheCommand)
+{
+    tools.replies = {{1, {}}};
+    LoadProjectFromDevice(ctx);
+    EXPECT_EQ(tools.runs.size(), 1u);
+    EXPECT_EQ(ui.messages.at(0).text, "Failed to obtain configuration from TG7.");
+    EXPECT_EQ(ui.progress.back(), "end");
+    EXPECT_EQ(project.projectOpen, 0);
+}
