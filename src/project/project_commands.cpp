@@ -24,6 +24,14 @@ void MarkEdited(AppContext& ctx)
     ctx.project.projectSaved = 0;
 }
 
+// A number chosen or typed in the panel: its leading digits, 0 when there are none.
+int TypedInt(const wxString& text)
+{
+    long value = 0;
+    ParseTypedNumber(text, value);
+    return static_cast<int>(value);
+}
+
 }  // namespace
 
 bool ConfirmDiscardUnsaved(AppContext& ctx)
@@ -139,9 +147,7 @@ void SetInterfaceStandard(AppContext& ctx, const wxString& choice)
 
 void SetBaudRate(AppContext& ctx, const wxString& choice)
 {
-    long value = 0;
-    ParseTypedNumber(choice, value);
-    ctx.project.serialBaudRate = static_cast<int>(value);
+    ctx.project.serialBaudRate = TypedInt(choice);
     MarkEdited(ctx);
 }
 
@@ -154,9 +160,7 @@ void SetParity(AppContext& ctx, const wxString& choice)
 
 void SetStopBits(AppContext& ctx, const wxString& choice)
 {
-    long value = 0;
-    ParseTypedNumber(choice, value);
-    ctx.project.serialStopBits = static_cast<int>(value);
+    ctx.project.serialStopBits = TypedInt(choice);
     MarkEdited(ctx);
 }
 
@@ -165,9 +169,7 @@ void SetRtuAddress(AppContext& ctx, const wxString& text)
     // The entry also loses the focus when the panel is hidden by Close: that is not an edit.
     if (ctx.project.projectOpen == 0)
         return;
-    long value = 0;
-    ParseTypedNumber(text, value);
-    ctx.project.modbusRtuAddress = static_cast<int>(value);
+    ctx.project.modbusRtuAddress = TypedInt(text);
     MarkEdited(ctx);
 }
 
