@@ -23,6 +23,9 @@ Version=2.4.1
 INI
 
 export TGX_REGISTRY=$run/registry.ini
+# The gateway simulator stands in for the suite's tools; its gateway is kept in the build folder.
+export PATH="$build/simulator/bin:$PATH"
+export TGXSIM_HOME=${TGXSIM_HOME:-$run/gateway}
 
 # The example projects, in the project folder that the file dialogs open on.
 export TGX_DOCUMENTS=$run/Documents

@@ -1,4 +1,4 @@
-// Unit tests run on wxBase alone: no display, no GUI library.
+// Unit and integration tests run on wxBase alone: no display, no GUI library.
 #include <gtest/gtest.h>
 #include <wx/init.h>
 #include <wx/string.h>

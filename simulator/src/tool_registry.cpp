@@ -1,0 +1,44 @@
+#include "tool_registry.h"
+
+#include "tools.h"
+
+namespace sim {
+
+namespace {
+
+struct ToolRow {
+    const char* name;
+    std::unique_ptr<Tool> (*make)();
+};
+
+// Still to come: ttfirmware, ttvsp, pfmux, inifile, dbtojson, mbedit, tgxview, tgxfinder, updater.
+// A new row here, its name in simulator/CMakeLists.txt, and the tool is on PATH.
+const ToolRow kTools[] = {
+    {"ttdevtype", MakeDevTypeTool},
+    {"ttbuild", MakeBuildTool},
+    {"ttrestore", MakeRestoreTool},
+    {"ttreboot", MakeRebootTool},
+    {"ttgetfile", MakeGetFileTool},
+    {"ttputfile", MakePutFileTool},
+    {"ttmbprint", MakeMbPrintTool},
+};
+
+}  // namespace
+
+std::unique_ptr<Tool> CreateTool(const wxString& name)
+{
+    for (const ToolRow& row : kTools)
+        if (name == row.name)
+            return row.make();
+    return nullptr;
+}
+
+wxArrayString ToolNames()
+{
+    wxArrayString names;
+    for (const ToolRow& row : kTools)
+        names.Add(row.name);
+    return names;
+}
+
+}  // namespace sim

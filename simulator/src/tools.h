@@ -1,0 +1,18 @@
+// The simulated tools, one factory each (rows of the registry in tool_registry.cpp).
+#pragma once
+
+#include "tool.h"
+
+#include <memory>
+
+namespace sim {
+
+std::unique_ptr<Tool> MakeDevTypeTool();  // ttdevtype   device_tools.cpp
+std::unique_ptr<Tool> MakeRestoreTool();  // ttrestore   device_tools.cpp
+std::unique_ptr<Tool> MakeRebootTool();  // ttreboot    device_tools.cpp
+std::unique_ptr<Tool> MakeGetFileTool();  // ttgetfile   file_transfer_tools.cpp
+std::unique_ptr<Tool> MakePutFileTool();  // ttputfile   file_transfer_tools.cpp
+std::unique_ptr<Tool> MakeMbPrintTool();  // ttmbprint   device_tools.cpp
+std::unique_ptr<Tool> MakeBuildTool();  // ttbuild     build_tool.cpp
+
+}  // namespace sim
