@@ -2,6 +2,7 @@
 #include "app/app_context.h"
 #include "build/configure_device.h"
 #include "fakes/scripted_user_interface.h"
+#include "project/load_from_device.h"
 #include "project/project_commands.h"
 #include "project/project_file.h"
 #include "project/text_file.h"
@@ -113,6 +114,23 @@ TEST_F(ConfigureGateway, TheSimulatedGatewayRunsTheProject)
     EXPECT_TRUE(boots[0].Contains("host=127.0.0.1")) << boots[0];
     EXPECT_TRUE(boots[0].Contains("TT_SSH_PORT=2222")) << boots[0];
     EXPECT_TRUE(boots[0].Contains("-a=1")) << boots[0];
+}
+
+TEST_F(ConfigureGateway, LoadFromTG7BringsTheConfiguredProjectBack)
+{
+    ConfigureDevice(ctx);
+    ASSERT_EQ(ui.messages.at(0).text, "Configuration Complete");
+    const wxArrayString configured = ProjectFileLines(project);
+    const wxArrayString map = project.modbusMapLines;
+
+    LoadDefaultProject(project);
+    project.projectSaved = 1;
+    ui.texts = {wxString("127.0.0.1")};
+    LoadProjectFromDevice(ctx);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ProjectFileLines(project), configured);
+    EXPECT_EQ(project.modbusMapLines, map);
+    EXPECT_EQ(project.projectOpen, 1);
 }
 
 TEST_F(ConfigureGateway, AFaultStopsTheWorkflowAtItsStep)
