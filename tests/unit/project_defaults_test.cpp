@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace {
 
 // A project with something in every field, so that the defaults must overwrite it.
@@ -32,14 +34,10 @@ Project Scribbled()
 
 bool AllDevicesEmptyFrom(const Project& p, int first)
 {
-    for (int d = first; d < MAX_DEVICES; ++d) {
-        const ProjectDevice& dev = p.devices[d];
-        if (dev.typeName[0] || dev.deviceName[0] || dev.longAddress[0] || dev.pollAddress || dev.enabled || dev.commandCount)
+    static const ProjectDevice empty{};
+    for (int d = first; d < MAX_DEVICES; ++d)
+        if (std::memcmp(&p.devices[d], &empty, sizeof empty) != 0)
             return false;
-        for (const HartCommandEntry& c : dev.commands)
-            if (c.commandNumber || c.cycleInterval || c.pollEnabled || c.writeCommand || c.argCount || c.args[0] || c.args[7])
-                return false;
-    }
     return true;
 }
 
