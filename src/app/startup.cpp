@@ -6,30 +6,51 @@
 
 wxString initialTargetAddress = "192.168.1.250";
 
-bool RunStartup(AppContext& ctx)
+bool ReadInstallation(Platform& platform, InstallationEnvironment& env, MessageForm& fault)
 {
-    if (!ReadInstallationEnvironment(ctx.platform, ctx.env)) {
-        ctx.ui.ShowMessage(MessageForm{"Cannot locate registry entries required by this program\n\n"
-                                       "This program cannot continue and will now terminate",
-                                       "Alert - Program cannot continue", MessageIcon::Error});
+    if (!ReadInstallationEnvironment(platform, env)) {
+        fault = MessageForm{"Cannot locate registry entries required by this program\n\n"
+                            "This program cannot continue and will now terminate",
+                            "Alert - Program cannot continue", MessageIcon::Error};
         return false;
     }
-    DeriveInstallationPaths(ctx.env, ctx.platform.PathSeparator(), ctx.platform.DocumentsDir());
+    DeriveInstallationPaths(env, platform.PathSeparator(), platform.DocumentsDir());
+    return true;
+}
+
+bool ReadDeviceTypes(const InstallationEnvironment& env, DeviceTypeTable& table, MessageForm& fault)
+{
+    table.deviceTypeCount = 0;
+    if (!LoadDeviceTypeTable(DeviceTypeFilePath(env), table)) {
+        fault = MessageForm{wxGetTranslation("FAULT : cannot locate ct.cfg file"), wxString(), MessageIcon::None};
+        return false;
+    }
+    return true;
+}
+
+bool RunStartup(AppContext& ctx)
+{
+    MessageForm fault;
+    if (!ReadInstallation(ctx.platform, ctx.env, fault)) {
+        ctx.ui.ShowMessage(fault);
+        return false;
+    }
 
     ctx.target.targetHost.clear();
     ctx.target.targetEntry.clear();
     ctx.deviceTypes.deviceTypeCount = 0;
 
     ctx.tools.SetWorkingDirectory(ctx.env.TgxSoftwarePath);
-    // The updater's output and result are not looked at; it does its own reporting.
+    // The updater's output and result are not looked at; it does its own reporting. It runs
+    // before ct.cfg is read, since an update may bring new templates.
     const wxString updater = ctx.platform.SilentUpdaterCommand(ctx.env.TgxSoftwarePath);
     if (!updater.empty()) {
         wxArrayString ignored;
         ctx.tools.RunCaptured(updater, ignored);
     }
 
-    if (!LoadDeviceTypeTable(DeviceTypeFilePath(ctx.env), ctx.deviceTypes)) {
-        ctx.ui.ShowMessage(wxGetTranslation("FAULT : cannot locate ct.cfg file"));
+    if (!ReadDeviceTypes(ctx.env, ctx.deviceTypes, fault)) {
+        ctx.ui.ShowMessage(fault);
         return false;
     }
 

@@ -5,12 +5,10 @@
 #include "build/device_tools.h"
 #include "project/project_file.h"
 
-namespace {
-
+const char* const kTagNamePrompt = "Enter a Tagname for this TG7";
 const char* const kTagCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890";
 
-// The gateway keeps at most this many characters of its tag name.
-constexpr size_t kGatewayTagLength = 8;
+namespace {
 
 void Fail(AppContext& ctx, const wxString& message)
 {
@@ -61,25 +59,25 @@ wxString ReportedVersion(const wxString& line)
     return afterV.BeforeFirst('-');
 }
 
-void ConfigureDevice(AppContext& ctx)
+bool ConfigureDevice(AppContext& ctx)
 {
     Project& project = ctx.project;
     if (!project.projectFilePath.IsOk()) {
         ctx.ui.ShowMessage("The current project has no name as it has not yet been saved.\n"
                            "You must save this project first");
-        return;
+        return false;
     }
     if (project.modbusMapLines.empty() &&
         !ctx.ui.AskYesNo(QuestionForm{"WARNING : There is no Modbus Map configured for this project\n"
                                       "You can create or edit a map using the Modbus menu\n\n"
                                       "Do you wish to continue without a map ?",
                                       "Warning", MessageIcon::Exclamation}))
-        return;
+        return false;
     if (!PromptTargetAddress(ctx))
-        return;
-    TextEntryForm tag{"Enter a Tagname for this TG7", "User entry required", GetText(project.tagName), kTagCharacters};
+        return false;
+    TextEntryForm tag{kTagNamePrompt, "User entry required", GetText(project.tagName), kTagCharacters};
     if (!ctx.ui.EnterText(tag))
-        return;
+        return false;
     // Cut without a word, as the gateway has always taken it.
     SetText(project.tagName, tag.value.Left(kGatewayTagLength));
 
@@ -89,25 +87,26 @@ void ConfigureDevice(AppContext& ctx)
 
     ctx.ui.BeginProgress("Device configuration", "Configuring device .. Please wait");
     if (!CheckGatewayVersions(ctx))
-        return;
+        return false;
     ctx.ui.PulseProgress("Building Configuration");
     wxString errorText, outputFolder, outputName;
     if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName)) {
         Fail(ctx, errorText);
-        return;
+        return false;
     }
     ctx.ui.PulseProgress("Uploading Configuration");
     if (!UploadConfiguration(ctx, errorText)) {
         Fail(ctx, errorText);
-        return;
+        return false;
     }
     ctx.ui.PulseProgress("Restarting the HART Gateway");
     if (!RebootDevice(ctx, 1)) {
         Fail(ctx, "ERROR : Failed to reboot TG7");
-        return;
+        return false;
     }
     ctx.ui.PulseProgress("Done");
     ctx.ui.WaitSeconds(1);
     ctx.ui.EndProgress();
     ctx.ui.ShowMessage("Configuration Complete");
+    return true;
 }

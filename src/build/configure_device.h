@@ -3,11 +3,20 @@
 
 #include <wx/string.h>
 
+#include <cstddef>
+
 struct AppContext;
 
+// The gateway's tag name: Configure asks for it with this prompt, accepts only these characters
+// and keeps at most the first kGatewayTagLength of them.
+extern const char* const kTagNamePrompt;
+extern const char* const kTagCharacters;
+constexpr size_t kGatewayTagLength = 8;
+
 // Checks, saves, verifies the gateway's firmware, builds, uploads and restarts; every failure
-// is one message and the end of the command.
-void ConfigureDevice(AppContext& ctx);
+// is one message and the end of the command. True only when the gateway was configured (the
+// window ignores it; tgxcfg turns it into its exit status).
+bool ConfigureDevice(AppContext& ctx);
 
 // The version in a line of ttdevtype's report: the text after the last "v", up to the first "-"
 // ("TG7main-v6.2.2-build7" gives "6.2.2"); a line with neither is taken whole.

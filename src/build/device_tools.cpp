@@ -2,9 +2,11 @@
 
 #include "app/app_context.h"
 
+const char* const kTargetAddressPrompt = "Enter device IP address or domain name";
+
 bool PromptTargetAddress(AppContext& ctx)
 {
-    TextEntryForm form{"Enter device IP address or domain name", "User entry required", ctx.target.targetEntry, {}};
+    TextEntryForm form{kTargetAddressPrompt, "User entry required", ctx.target.targetEntry, {}};
     if (!ctx.ui.EnterText(form))
         return false;
     const wxString& text = form.value;

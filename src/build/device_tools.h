@@ -6,6 +6,9 @@
 
 struct AppContext;
 
+// What the address prompt asks.
+extern const char* const kTargetAddressPrompt;
+
 // Asks for the gateway's address; false when cancelled. A port typed after the last colon goes
 // to the tools through TT_SSH_PORT and stays in force for the rest of the run.
 bool PromptTargetAddress(AppContext& ctx);

@@ -73,6 +73,20 @@ bool ApplyProjectFile(AppContext& ctx, const wxArrayString& lines)
     return true;
 }
 
+const char* const kNoContentMessage = "Invalid project file (no content)";
+
+ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path)
+{
+    wxArrayString lines;
+    if (!ReadTextLines(path, lines))
+        return ProjectReadResult::Unreadable;
+    if (!ApplyProjectFile(ctx, lines))
+        return ProjectReadResult::NoContent;
+    ctx.project.projectFilePath.Assign(path);
+    ReadProjectMap(path, ctx.project.modbusMapLines);
+    return ProjectReadResult::Read;
+}
+
 void LoadProjectFromDisk(AppContext& ctx)
 {
     if (!ConfirmDiscardUnsaved(ctx))
@@ -80,16 +94,12 @@ void LoadProjectFromDisk(AppContext& ctx)
     FileChoiceForm form = ProjectFileForm(ctx, "Load Project", false);
     if (!ctx.ui.ChooseFile(form) || form.path.empty())
         return;
-    wxArrayString lines;
-    if (!ReadTextLines(form.path, lines))
-        return;
-    if (!ApplyProjectFile(ctx, lines)) {
-        ctx.ui.ShowMessage("Invalid project file (no content)");
-        return;
+    switch (ReadProjectFromDisk(ctx, form.path)) {
+    case ProjectReadResult::Unreadable: return;
+    case ProjectReadResult::NoContent: ctx.ui.ShowMessage(kNoContentMessage); return;
+    case ProjectReadResult::Read: break;
     }
-    ctx.project.projectFilePath.Assign(form.path);
     ctx.ui.RefreshPanel();
-    ReadProjectMap(form.path, ctx.project.modbusMapLines);
     // Every load rewrites the project and its map in the current format; an older ".mb" map
     // is left in place beside the new ".mbd".
     SaveProject(ctx, form.path);

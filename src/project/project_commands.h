@@ -19,6 +19,15 @@ void CloseProject(AppContext& ctx);
 // every line through the reader, first device selected. False for a file with no lines.
 bool ApplyProjectFile(AppContext& ctx, const wxArrayString& lines);
 
+// Load from Disk after its dialog and before its final save: the file's lines applied as above,
+// the file becomes the project's file, and its map file (".mbd", else ".mb") is read. An
+// unreadable file changes nothing; an empty one leaves the project at its defaults.
+enum class ProjectReadResult { Read, Unreadable, NoContent };
+ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path);
+
+// What Load from Disk shows for a file with no lines.
+extern const char* const kNoContentMessage;
+
 // Panel edits: each stores its one setting and marks the project edited.
 void SetSerialPortFunction(AppContext& ctx, const char* function);  // "MODEM", "MODBUS"
 void SetPollingDeferralMode(AppContext& ctx, const char* mode);     // "NONE", "PARTIAL", "FULL"

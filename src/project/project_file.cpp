@@ -69,13 +69,14 @@ wxArrayString ProjectFileLines(const Project& p)
     return lines;
 }
 
-void SaveProject(AppContext& ctx, const wxString& path)
+bool SaveProject(AppContext& ctx, const wxString& path)
 {
-    WriteTextLines(path, ProjectFileLines(ctx.project));
+    const bool projectWritten = WriteTextLines(path, ProjectFileLines(ctx.project));
     if (ctx.project.automaticModbusMap == 1)
         GenerateAutomaticMap(ctx);
-    WriteTextLines(MapFilePath(path), ctx.project.modbusMapLines);
+    const bool mapWritten = WriteTextLines(MapFilePath(path), ctx.project.modbusMapLines);
     ctx.project.projectSaved = 1;
+    return projectWritten && mapWritten;
 }
 
 wxString MapFilePath(const wxString& projectPath, const char* extension)

@@ -15,8 +15,10 @@ extern const char* const kToolVersion;
 wxArrayString ProjectFileLines(const Project& project);
 
 // Writes the project file at `path`, then (in automatic map mode) regenerates the map, then
-// writes the map file beside it; marks the project saved. Failures to write are not reported.
-void SaveProject(AppContext& ctx, const wxString& path);
+// writes the map file beside it; marks the project saved, written or not. The desktop tool
+// reports no failure to write; tgxcfg does, from the result: false when either file could not
+// be written.
+bool SaveProject(AppContext& ctx, const wxString& path);
 
 // The reader's position, carried from line to line.
 struct ProjectLineReader {

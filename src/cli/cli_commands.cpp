@@ -1,0 +1,220 @@
+#include "cli/cli_commands.h"
+
+#include "app/app_context.h"
+#include "app/startup.h"
+#include "build/config_generator.h"
+#include "build/configure_device.h"
+#include "build/device_tools.h"
+#include "cli/console_user_interface.h"
+#include "modbus/map_export.h"
+#include "project/command_list.h"
+#include "project/device_list.h"
+#include "project/project_check.h"
+#include "project/project_commands.h"
+#include "project/project_file.h"
+#include "project/text_file.h"
+
+#include <wx/filefn.h>
+#include <wx/filename.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+
+// The generator runs ttbuild, and nothing else, blocking and hidden: with --no-build it writes
+// the configuration and takes the build as done.
+class NoBuildToolRunner : public ToolRunner {
+public:
+    explicit NoBuildToolRunner(ToolRunner& tools)
+        : tools(tools)
+    {
+    }
+    long RunCaptured(const wxString& command, wxArrayString& output) override
+    {
+        return tools.RunCaptured(command, output);
+    }
+    long RunBlockingHidden(const wxString&) override { return 0; }
+    long RunDetached(const wxString& command) override { return tools.RunDetached(command); }
+    bool SetWorkingDirectory(const wxString& directory) override { return tools.SetWorkingDirectory(directory); }
+    void SetEnvironment(const wxString& name, const wxString& value) override { tools.SetEnvironment(name, value); }
+
+private:
+    ToolRunner& tools;
+};
+
+// What the desktop tool holds from start-up on, and the console in place of its windows.
+struct Session {
+    Session(bool answerYes, std::ostream& out)
+        : ui(out, answerYes)
+    {
+    }
+
+    std::unique_ptr<Platform> platform = CreatePlatform();
+    Project project;
+    InstallationEnvironment env;
+    TargetAddress target;
+    DeviceTypeTable deviceTypes;
+    ConsoleUserInterface ui;
+    WxToolRunner tools;
+    AppContext ctx{project, env, target, deviceTypes, ui, tools, *platform};
+};
+
+// A path from the command line, made absolute at once: the commands change the current folder
+// before they run the suite's tools.
+wxString AbsolutePath(const wxString& path)
+{
+    wxFileName file(path);
+    file.MakeAbsolute();
+    return file.GetFullPath();
+}
+
+// --software-path as the registry's "Path" value holds it: absolute, ending with a separator.
+wxString SoftwareFolder(const wxString& dir, const wxString& separator)
+{
+    wxString folder = wxIsAbsolutePath(dir) ? dir : wxGetCwd() + separator + dir;
+    if (!wxFileName::IsPathSeparator(folder.Last()))
+        folder += separator;
+    return folder;
+}
+
+// Start-up without the updater and without the window: the installation, its paths and its
+// device types, the start-up address and the SSH port the tools expect.
+bool ReadCliInstallation(Session& s, const wxString& softwarePath, MessageForm& fault)
+{
+    if (softwarePath.empty()) {
+        if (!ReadInstallation(*s.platform, s.env, fault))
+            return false;
+    } else {
+        // The versions and the TGx Connect folder still come from the registry when it has the
+        // suite's key; every path is derived from the folder given.
+        ReadInstallationEnvironment(*s.platform, s.env);
+        const wxString separator = s.platform->PathSeparator();
+        s.env.TgxSoftwarePath = SoftwareFolder(softwarePath, separator);
+        DeriveInstallationPaths(s.env, separator, s.platform->DocumentsDir());
+    }
+    if (!ReadDeviceTypes(s.env, s.deviceTypes, fault))
+        return false;
+    s.target.targetEntry = initialTargetAddress;
+    s.target.targetHost = initialTargetAddress;
+    s.tools.SetEnvironment("TT_SSH_PORT", "22");
+    return true;
+}
+
+bool LoadProject(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
+{
+    switch (ReadProjectFromDisk(s.ctx, path)) {
+    case ProjectReadResult::Read: return true;
+    case ProjectReadResult::Unreadable: WriteLine(err, "tgxcfg: cannot read " + shownPath); return false;
+    case ProjectReadResult::NoContent: WriteLine(err, kNoContentMessage); return false;
+    }
+    return false;
+}
+
+int Show(Session& s, std::ostream& out)
+{
+    const Project& project = s.project;
+    WriteLine(out, "[settings]");
+    // The file's settings: after its version line and the empty line, up to the first device.
+    const wxArrayString fileLines = ProjectFileLines(project);
+    for (size_t i = 2; i < fileLines.size() && !fileLines[i].StartsWith("FOR DEVICE:"); ++i)
+        WriteLine(out, fileLines[i]);
+    WriteLine(out, "[devices]");
+    for (const wxString& line : DeviceListLines(project))
+        WriteLine(out, line);
+    for (int d = 0; d < project.deviceCount && d < MAX_DEVICES; ++d) {
+        WriteLine(out, wxString::Format("[commands of device %d]", d));
+        const ProjectDevice& device = project.devices[d];
+        for (int c = 0; c < device.commandCount && c < MAX_COMMANDS; ++c)
+            WriteLine(out, CommandListLine(device.commands[c]));
+    }
+    return kSuccess;
+}
+
+int Resave(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
+{
+    s.project.projectFilePath.Assign(path);
+    if (SaveProject(s.ctx, path))
+        return kSuccess;
+    WriteLine(err, "tgxcfg: cannot write " + shownPath + " or its map file " + MapFilePath(shownPath));
+    return kFailure;
+}
+
+int Generate(Session& s, const CliRequest& request, std::ostream& err)
+{
+    // The generator reports no failure to write; the folders it writes into are checked first.
+    for (const char* name : {"INCLUDE", "ADDITIONAL"}) {
+        const wxString folder = BuildFolder(s.ctx, name);
+        if (!wxDirExists(folder) || !wxFileName::IsDirWritable(folder)) {
+            WriteLine(err, "tgxcfg: cannot write into the build folder " + folder);
+            return kFailure;
+        }
+    }
+    NoBuildToolRunner noBuild(s.tools);
+    AppContext ctx{s.project, s.env, s.target, s.deviceTypes, s.ui,
+        request.noBuild ? static_cast<ToolRunner&>(noBuild) : s.tools, *s.platform};
+    wxString errorText, outputName;
+    wxString outputFolder = request.outputFolder.empty() ? wxString() : AbsolutePath(request.outputFolder);
+    if (GenerateConfiguration(ctx, errorText, outputFolder, outputName))
+        return kSuccess;
+    WriteLine(err, errorText);
+    return kFailure;
+}
+
+int ExportMap(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
+{
+    if (WriteTextLines(path, MapExportLines(path, s.project.modbusMapLines)))
+        return kSuccess;
+    WriteLine(err, "tgxcfg: cannot write " + shownPath);
+    return kFailure;
+}
+
+int Check(Session& s, std::ostream& out)
+{
+    const wxArrayString problems = CheckProject(s.project, s.deviceTypes);
+    for (const wxString& problem : problems)
+        WriteLine(out, problem);
+    return problems.empty() ? kSuccess : kFailure;
+}
+
+int Configure(Session& s, const CliRequest& request, std::ostream& err)
+{
+    s.ui.AnswerEntry(kTargetAddressPrompt, request.target);
+    if (request.tagGiven)
+        s.ui.AnswerEntry(kTagNamePrompt, request.tag);
+    const bool configured = ConfigureDevice(s.ctx);
+    s.ui.Finish(!configured, err);
+    return configured ? kSuccess : kFailure;
+}
+
+} // namespace
+
+int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& err)
+{
+    // Every path is made absolute before anything changes the current folder.
+    const wxString projectPath = AbsolutePath(request.arguments[0]);
+    const wxString secondPath = request.arguments.size() > 1 ? AbsolutePath(request.arguments[1]) : wxString();
+
+    auto session = std::make_unique<Session>(request.yes, out);
+    MessageForm fault;
+    if (!ReadCliInstallation(*session, request.softwarePath, fault)) {
+        WriteLine(err, fault.text);
+        return kFailure;
+    }
+    if (!LoadProject(*session, projectPath, request.arguments[0], err))
+        return kFailure;
+
+    switch (request.command) {
+    case CliCommand::Show: return Show(*session, out);
+    case CliCommand::Resave:
+        return secondPath.empty() ? Resave(*session, projectPath, request.arguments[0], err)
+                                  : Resave(*session, secondPath, request.arguments[1], err);
+    case CliCommand::Generate: return Generate(*session, request, err);
+    case CliCommand::ExportMap: return ExportMap(*session, secondPath, request.arguments[1], err);
+    case CliCommand::Check: return Check(*session, out);
+    case CliCommand::Configure: return Configure(*session, request, err);
+    }
+    return kFailure;
+}

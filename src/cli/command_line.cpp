@@ -1,0 +1,226 @@
+#include "cli/command_line.h"
+
+#include "project/project_file.h"
+
+#include <wx/filename.h>
+
+#include <vector>
+
+namespace {
+
+struct OptionEntry {
+    const char* name; // without the leading "--"
+    bool takesValue;
+};
+
+struct CommandEntry {
+    const char* name;
+    CliCommand command;
+    size_t minArguments;
+    std::vector<const char*> argumentNames; // all it takes, the optional ones last
+    std::vector<OptionEntry> options;
+    const char* usage; // after "tgxcfg [--software-path=DIR] "
+    const char* help;
+};
+
+const char kUsagePrefix[] = "Usage: tgxcfg [--software-path=DIR] ";
+
+const CommandEntry kCommands[] = {
+    {"show", CliCommand::Show, 1, {"PROJECT"}, {}, "show PROJECT",
+        "Prints the project's settings as its project file holds them, then the device list and each\n"
+        "device's command list, every line as the main window's list boxes show it. Writes nothing.\n"},
+    {"resave", CliCommand::Resave, 1, {"PROJECT", "NEW.prj"}, {}, "resave PROJECT [NEW.prj]",
+        "Loads PROJECT as Project > Load from Disk does (older formats and damaged lines included) and\n"
+        "saves it in the current format with its map file (.mbd) beside it: over PROJECT, or as NEW.prj.\n"},
+    {"generate", CliCommand::Generate, 1, {"PROJECT"}, {{"no-build", false}, {"output-folder", true}},
+        "generate PROJECT [--no-build] [--output-folder=DIR]",
+        "Writes the gateway configuration of PROJECT into the installation's build folder\n"
+        "(INCLUDE/ct.ini, ADDITIONAL/dbsave.txt, ADDITIONAL/tgxconfig.prj, ADDITIONAL/MBMAP1.csv) as\n"
+        "Configure does, then runs ttbuild on it. The project file is not rewritten.\n"
+        "\n"
+        "Options:\n"
+        "  --no-build             write the files only; ttbuild is not run\n"
+        "  --output-folder=DIR    ttbuild's output folder; default: the build folder's OUTPUT\n"},
+    {"export-map", CliCommand::ExportMap, 2, {"PROJECT", "FILE"}, {}, "export-map PROJECT FILE",
+        "Writes the project's Modbus map to FILE as Modbus > Export does: CSV under a header when\n"
+        "FILE's name ends in .csv (in any case), otherwise a fixed-width text table.\n"},
+    {"check", CliCommand::Check, 1, {"PROJECT"}, {}, "check PROJECT",
+        "Reports, one line each, what the desktop tool accepts without a word but a gateway will not\n"
+        "run as meant: duplicate poll addresses or ones above 63, device types not in ct.cfg, long\n"
+        "addresses that are not 10 characters in multiplexer mode, command numbers above 255, cycle\n"
+        "intervals below 1, more than 8 arguments, port numbers outside 1..65535 or used twice, tag\n"
+        "names that Configure would refuse or cut, map lines without seven fields.\n"
+        "Prints nothing and exits with 0 when it finds nothing; exits with 1 when it does.\n"},
+    {"configure", CliCommand::Configure, 1, {"PROJECT"}, {{"target", true}, {"tag", true}, {"yes", false}},
+        "configure PROJECT --target=HOST[:PORT] [--tag=TAG] [--yes]",
+        "Target > Configure on the console: saves the project, checks the gateway's firmware, builds\n"
+        "the configuration, uploads it and restarts the gateway. Messages, questions and progress go\n"
+        "to standard output; the message that ends a failed command goes to standard error.\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"
+        "  --tag=TAG              the gateway's tag name: letters and digits, the first 8 are kept;\n"
+        "                         default: the project's\n"
+        "  --yes                  answer Yes to the questions; without it they are answered No and\n"
+        "                         the command stops\n"},
+};
+
+const char kGeneralHelp[]
+    = "Usage: tgxcfg [--software-path=DIR] COMMAND [ARGUMENTS]\n"
+      "\n"
+      "Works on TG7-Plus gateway projects as the desktop configuration tool does, without a window.\n"
+      "\n"
+      "Commands:\n"
+      "  show PROJECT               print the settings, the device list and each device's commands\n"
+      "  resave PROJECT [NEW.prj]   load the project and save it in the current format\n"
+      "  generate PROJECT           write the gateway configuration and build it with ttbuild\n"
+      "  export-map PROJECT FILE    export the Modbus map: CSV when FILE ends in .csv, else a table\n"
+      "  check PROJECT              report what a gateway will not run as the project means it\n"
+      "  configure PROJECT --target=HOST[:PORT]\n"
+      "                             check the gateway's firmware, build, upload and restart\n"
+      "\n"
+      "Options:\n"
+      "      --software-path=DIR    the suite's software folder; default: the one the registry names\n"
+      "  -h, --help                 show this help; after a command, the command's help\n"
+      "      --version              show the version\n"
+      "\n"
+      "Exit status: 0 success, 1 the operation failed (or check found problems), 2 wrong usage.\n"
+      "Run 'tgxcfg COMMAND --help' for a command's options.\n";
+
+const CommandEntry* FindCommand(const wxString& name)
+{
+    for (const CommandEntry& entry : kCommands)
+        if (name == entry.name)
+            return &entry;
+    return nullptr;
+}
+
+const OptionEntry* FindOption(const CommandEntry* command, const wxString& name)
+{
+    static const OptionEntry kSoftwarePath{"software-path", true};
+    if (name == kSoftwarePath.name)
+        return &kSoftwarePath;
+    if (command != nullptr)
+        for (const OptionEntry& option : command->options)
+            if (name == option.name)
+                return &option;
+    return nullptr;
+}
+
+ParsedCommandLine Help(const CommandEntry* command)
+{
+    ParsedCommandLine parsed;
+    parsed.outcome = ParsedCommandLine::Help;
+    parsed.text = command == nullptr ? wxString(kGeneralHelp)
+                                     : kUsagePrefix + wxString(command->usage) + "\n\n" + command->help;
+    return parsed;
+}
+
+ParsedCommandLine UsageError(const CommandEntry* command, const wxString& problem)
+{
+    ParsedCommandLine parsed;
+    parsed.outcome = ParsedCommandLine::UsageError;
+    parsed.text = "tgxcfg: " + problem + "\n";
+    if (command != nullptr)
+        parsed.text << kUsagePrefix << command->usage << "\nTry 'tgxcfg " << command->name
+                    << " --help' for more information.\n";
+    else
+        parsed.text << "Usage: tgxcfg [--software-path=DIR] COMMAND [ARGUMENTS]\n"
+                    << "Try 'tgxcfg --help' for more information.\n";
+    return parsed;
+}
+
+void StoreOption(CliRequest& request, const wxString& name, const wxString& value)
+{
+    if (name == "software-path")
+        request.softwarePath = value;
+    else if (name == "no-build")
+        request.noBuild = true;
+    else if (name == "output-folder")
+        request.outputFolder = value;
+    else if (name == "target")
+        request.target = value;
+    else if (name == "tag") {
+        request.tagGiven = true;
+        request.tag = value;
+    } else if (name == "yes")
+        request.yes = true;
+}
+
+} // namespace
+
+ParsedCommandLine ParseCommandLine(const wxArrayString& args)
+{
+    ParsedCommandLine parsed;
+    CliRequest& request = parsed.request;
+    const CommandEntry* command = nullptr;
+    bool helpAsked = false;
+    bool optionsEnded = false;
+    // Once help is asked for, what else is on the line does not matter.
+    auto usageError = [&](const wxString& problem) { return helpAsked ? Help(command) : UsageError(command, problem); };
+    wxArrayString given; // option names given, for the checks below
+
+    for (size_t i = 0; i < args.size(); ++i) {
+        const wxString& arg = args[i];
+        if (!optionsEnded && arg == "--") {
+            optionsEnded = true;
+            continue;
+        }
+        if (optionsEnded || !arg.StartsWith("-") || arg == "-") {
+            if (command == nullptr) {
+                command = FindCommand(arg);
+                if (command == nullptr)
+                    return UsageError(nullptr, "unknown command '" + arg + "'");
+                request.command = command->command;
+            } else {
+                request.arguments.Add(arg);
+            }
+            continue;
+        }
+        if (arg == "-h" || arg == "--help") {
+            helpAsked = true;
+            continue;
+        }
+        if (arg == "--version" && command == nullptr) {
+            parsed.outcome = ParsedCommandLine::Version;
+            parsed.text = wxString("tgxcfg ") + kToolVersion + "\n";
+            return parsed;
+        }
+        wxString value;
+        const bool hasValue = arg.Find('=') != wxNOT_FOUND;
+        const wxString name = arg.StartsWith("--") ? arg.Mid(2).BeforeFirst('=', &value) : wxString();
+        const OptionEntry* option = name.empty() ? nullptr : FindOption(command, name);
+        if (option == nullptr)
+            return usageError("unrecognised option '" + arg.BeforeFirst('=') + "'");
+        if (option->takesValue && !hasValue) {
+            if (i + 1 >= args.size())
+                return usageError("option '--" + name + "' needs a value");
+            value = args[++i];
+        }
+        if (!option->takesValue && hasValue)
+            return usageError("option '--" + name + "' takes no value");
+        // A tag may be empty (the prompt accepts that); a path or an address may not.
+        if (option->takesValue && value.empty() && name != "tag")
+            return usageError("option '--" + name + "' needs a value");
+        StoreOption(request, name, value);
+        given.Add(name);
+    }
+
+    if (helpAsked)
+        return Help(command);
+    if (command == nullptr)
+        return UsageError(nullptr, "no command given");
+    const size_t count = request.arguments.size();
+    if (count < command->minArguments)
+        return usageError(wxString("missing ") + command->argumentNames[count]);
+    if (count > command->argumentNames.size())
+        return usageError("unexpected argument '" + request.arguments[command->argumentNames.size()] + "'");
+    // The map file of NEW.prj is NEW.mbd: a NEW.mbd would be written twice, the map winning.
+    if (command->command == CliCommand::Resave && count == 2
+        && wxFileName(request.arguments[1]).GetExt().Lower() == "mbd")
+        return usageError("NEW.prj cannot be a map file (.mbd)");
+    if (command->command == CliCommand::Configure && given.Index("target") == wxNOT_FOUND)
+        return usageError("configure needs --target=HOST[:PORT]");
+    parsed.outcome = ParsedCommandLine::Run;
+    return parsed;
+}

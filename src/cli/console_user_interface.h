@@ -1,0 +1,57 @@
+// The UserInterface of tgxcfg: message boxes become lines on standard output, questions and text
+// entries are answered from the command line, progress steps are printed one per line.
+#pragma once
+
+#include "app/user_interface.h"
+
+#include <map>
+#include <ostream>
+
+class ConsoleUserInterface : public UserInterface {
+public:
+    // answerYes: questions are answered Yes (--yes); otherwise No, and the command stops as the
+    // desktop tool's does on No.
+    ConsoleUserInterface(std::ostream& out, bool answerYes);
+
+    // The answer to the text entry that asks `message`. An entry without one takes the value it
+    // offers, as pressing Enter in the dialog would.
+    void AnswerEntry(const wxString& message, const wxString& value);
+
+    // Ends the command. The message shown last is kept back until now: it is the one that ends
+    // the command, so for a failed command it goes to `err`, as does the reason a command stopped
+    // on an answer when no message followed.
+    void Finish(bool failed, std::ostream& err);
+
+    using UserInterface::ShowMessage;
+    void ShowMessage(const MessageForm& form) override;
+    bool AskYesNo(const QuestionForm& form) override;
+    bool EnterText(TextEntryForm& form) override;
+    // No file dialogs on the console: the commands take their files as arguments.
+    bool ChooseFile(FileChoiceForm& form) override;
+    void BeginProgress(const wxString& title, const wxString& message) override;
+    void PulseProgress(const wxString& text) override;
+    void EndProgress() override { }
+    // No dialogs either: nothing tgxcfg runs edits a device or a command.
+    bool EditDevice(DeviceForm& form) override;
+    bool EditCommand(CommandForm& form) override;
+    void RefreshPanel() override { }
+    void RefreshCommandList() override { }
+    void ShowStatus(const wxString&) override { }
+    // The pause lets a person read the last step in the progress dialog; a console keeps it.
+    void WaitSeconds(int) override { }
+
+private:
+    // Writes a line on `out`, after the message kept back, if any.
+    void Print(const wxString& text);
+
+    std::ostream& out;
+    bool answerYes;
+    std::map<wxString, wxString> entryAnswers;
+    bool holding = false;
+    wxString heldMessage;
+    wxString stopReason;
+};
+
+// One line of text on a console stream, in UTF-8, flushed: the suite's tools that run next write
+// on the same console.
+void WriteLine(std::ostream& stream, const wxString& text);
