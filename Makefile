@@ -31,3 +31,30 @@ bench: build
 
 clean:
 	rm -rf $(BUILD) $(BUILD_ASAN)
+
+# The Windows flavour, cross-built with mingw-w64 against a static wxMSW cached outside the
+# repository (scripts/windows/), tested under Wine, packaged as an MSI; and the Linux .deb.
+BUILD_WINDOWS ?= build-windows
+BUILD_DEB     ?= build-deb
+
+.PHONY: windows test-windows package-windows package-deb clean-windows
+
+windows:
+	@bash scripts/windows/build.sh $(BUILD_WINDOWS)
+
+test-windows: windows
+	@bash scripts/windows/test.sh $(BUILD_WINDOWS)
+
+package-windows: windows
+	@cmake --build $(BUILD_WINDOWS) --target msi
+	@bash scripts/windows/check-msi.sh $(BUILD_WINDOWS)/tgxconfig-*-x64.msi
+
+package-deb: deps
+	@cmake -S . -B $(BUILD_DEB) -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
+	  -DTGX_BUILD_TESTS=OFF -DTGX_BUILD_BENCH=OFF >/dev/null
+	@cmake --build $(BUILD_DEB)
+	@cd $(BUILD_DEB) && cpack -G DEB >/dev/null && dpkg-deb --field tgxconfig_*_amd64.deb && dpkg-deb --contents tgxconfig_*_amd64.deb
+
+# The cached wxMSW and GoogleTest stay (scripts/windows/wxmsw.sh says where).
+clean-windows:
+	rm -rf $(BUILD_WINDOWS)

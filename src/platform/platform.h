@@ -1,6 +1,7 @@
 // The port for what differs between Windows and the other platforms: the registry, the path
-// separator, the documents folder, the updater and the installed-software listings. The rest of
-// the code never asks which platform it runs on.
+// separator, the documents folder, the updater and the installed-software listings, the free COM
+// names and the shell that redirects a tool's output into a file. The rest of the code never asks
+// which platform it runs on.
 #pragma once
 
 #include <wx/arrstr.h>
@@ -27,6 +28,14 @@ public:
     virtual wxString SilentUpdaterCommand(const wxString& softwarePath) const = 0;
     // Command lines that list the installed software, one display name per output line.
     virtual wxArrayString InstalledSoftwareQueries() const = 0;
+
+    // The COM names of COM1..COM19 that the probe could not open, in order: the names offered for
+    // a new virtual COM port. At most 19 (see com_port_scan.h for what "free" means).
+    virtual wxArrayString FreeComPortNames() = 0;
+    // The command line that runs `command` through the platform's shell with its standard output
+    // redirected into `outputFile` (relative to the working directory of the run). Only command
+    // lines the tool composes itself pass through here, never text a user typed.
+    virtual wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const = 0;
 };
 
 // The implementation for the platform the tool was built for.

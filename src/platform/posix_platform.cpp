@@ -10,6 +10,8 @@
 #include <wx/utils.h>
 #include <wx/wfstream.h>
 
+#include <utility>
+
 namespace {
 
 // Reads one key's group of the registry file; false when the file or the group is missing.
@@ -30,10 +32,31 @@ bool ReadGroup(const wxString& file, const wxString& group, const wxString& name
     return true;
 }
 
+// Quotes a word for /bin/sh when it needs it.
+wxString ShellWord(const wxString& word)
+{
+    if (!word.empty() && word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-+=.,/:@%") ==
+                             wxString::npos)
+        return word;
+    wxString quoted = word;
+    quoted.Replace("'", "'\\''");
+    return "'" + quoted + "'";
+}
+
+// Quotes one argument for wxExecute, which splits a command line itself (no shell): inside
+// quotes a backslash still escapes the next character.
+wxString ExecuteArgument(const wxString& argument)
+{
+    wxString quoted = argument;
+    quoted.Replace("\\", "\\\\");
+    quoted.Replace("'", "\\'");
+    return "'" + quoted + "'";
+}
+
 }  // namespace
 
-PosixPlatform::PosixPlatform(const wxString& registryFile)
-    : registryFile(registryFile.empty() ? DefaultRegistryFile() : registryFile)
+PosixPlatform::PosixPlatform(const wxString& registryFile, ComPortProbe comPortProbe)
+    : registryFile(registryFile.empty() ? DefaultRegistryFile() : registryFile), comPortProbe(std::move(comPortProbe))
 {
 }
 
@@ -86,6 +109,17 @@ wxString PosixPlatform::SilentUpdaterCommand(const wxString& softwarePath) const
     if (!wxFileName::IsFileExecutable(updater))
         return wxString();
     return "./updater /silent";
+}
+
+wxArrayString PosixPlatform::FreeComPortNames()
+{
+    return ScanFreeComPortNames(comPortProbe ? comPortProbe : TakenComPortListProbe());
+}
+
+wxString PosixPlatform::RedirectedCommand(const wxString& command, const wxString& outputFile) const
+{
+    // The shell's place is cmd.exe's: the same command and the same ">" into the file.
+    return "/bin/sh -c " + ExecuteArgument(command + " >" + ShellWord(outputFile));
 }
 
 std::unique_ptr<Platform> CreatePlatform()

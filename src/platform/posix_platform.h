@@ -1,12 +1,15 @@
-// Linux and other POSIX systems: the registry is an INI file (see docs/ARCHITECTURE.md).
+// Linux and other POSIX systems: the registry is an INI file, the COM ports are those a probe
+// reports, /bin/sh redirects (see docs/ARCHITECTURE.md).
 #pragma once
 
+#include "platform/com_port_scan.h"
 #include "platform/platform.h"
 
 class PosixPlatform : public Platform {
 public:
     // registryFile empty: the default location (TGX_REGISTRY, else the XDG config folder).
-    explicit PosixPlatform(const wxString& registryFile = wxString());
+    // comPortProbe empty: TakenComPortListProbe(), made afresh for every scan.
+    explicit PosixPlatform(const wxString& registryFile = wxString(), ComPortProbe comPortProbe = ComPortProbe());
 
     bool RegistryKeyExists(RegistryHive hive, const wxString& key) override;
     wxString RegistryValue(RegistryHive hive, const wxString& key, const wxString& name) override;
@@ -14,6 +17,8 @@ public:
     wxString DocumentsDir() const override;
     wxString SilentUpdaterCommand(const wxString& softwarePath) const override;
     wxArrayString InstalledSoftwareQueries() const override { return wxArrayString(); }
+    wxArrayString FreeComPortNames() override;
+    wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
 
     static wxString DefaultRegistryFile();
     // The INI group of a registry key: hive name and key parts joined by "/".
@@ -21,4 +26,5 @@ public:
 
 private:
     wxString registryFile;
+    ComPortProbe comPortProbe;
 };

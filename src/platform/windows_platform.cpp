@@ -2,10 +2,13 @@
 
 #ifdef __WINDOWS__
 
+#include "platform/com_port_scan.h"
+
 // wx/msw/registry.h needs wxString declared first.
 #include <wx/string.h>
 #include <wx/log.h>
 #include <wx/msw/registry.h>
+#include <wx/msw/wrapwin.h>
 #include <wx/stdpaths.h>
 
 namespace {
@@ -13,6 +16,27 @@ namespace {
 wxRegKey::StdKey StdKeyOf(RegistryHive hive)
 {
     return hive == RegistryHive::CurrentUser ? wxRegKey::HKCU : wxRegKey::HKLM;
+}
+
+// No access rights requested, no sharing, existing devices only, no flags; the plain name,
+// without the \\.\ device prefix. So COM10 and up never open, and a port that is in use fails
+// to open like a missing one: both deliberate, the free list has always been made so.
+bool ComNameOpens(const wxString& name)
+{
+    const HANDLE port = ::CreateFileW(name.wc_str(), 0, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (port == INVALID_HANDLE_VALUE)
+        return false;
+    ::CloseHandle(port);
+    return true;
+}
+
+// cmd.exe takes the rest of its line as one command; a file name with a blank or one of its
+// operators needs quotes after ">".
+wxString RedirectionTarget(const wxString& outputFile)
+{
+    if (outputFile.find_first_of(" \t&|<>^()") == wxString::npos)
+        return outputFile;
+    return "\"" + outputFile + "\"";
 }
 
 }  // namespace
@@ -52,6 +76,16 @@ wxArrayString WindowsPlatform::InstalledSoftwareQueries() const
     queries.Add("powershell \"Get-ItemProperty HKLM:\\Software\\Wow6432Node\\Microsoft\\Windows\\CurrentVersion\\"
                 "Uninstall\\* | Select-Object DisplayName\"");
     return queries;
+}
+
+wxArrayString WindowsPlatform::FreeComPortNames()
+{
+    return ScanFreeComPortNames(ComNameOpens);
+}
+
+wxString WindowsPlatform::RedirectedCommand(const wxString& command, const wxString& outputFile) const
+{
+    return "cmd.exe /C " + command + " >" + RedirectionTarget(outputFile);
 }
 
 std::unique_ptr<Platform> CreatePlatform()

@@ -1,5 +1,5 @@
 // Windows: the suite's registry keys through wxRegKey, PowerShell for the updater and the
-// installed-software listings.
+// installed-software listings, CreateFileW for the free COM names, cmd.exe for redirections.
 #pragma once
 
 #include "platform/platform.h"
@@ -12,4 +12,6 @@ public:
     wxString DocumentsDir() const override;
     wxString SilentUpdaterCommand(const wxString& softwarePath) const override;
     wxArrayString InstalledSoftwareQueries() const override;
+    wxArrayString FreeComPortNames() override;
+    wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
 };

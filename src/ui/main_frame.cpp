@@ -8,7 +8,10 @@
 #include "project/project_commands.h"
 #include "project/panel_view.h"
 
+// Windows takes the icon from the program's resources (tgxconfig.rc), with its small size too.
+#ifndef wxHAS_IMAGES_IN_RESOURCES
 #include "ui/icon_program.xpm"
+#endif
 
 MainFrame* theMainFrame = nullptr;
 
@@ -17,7 +20,7 @@ MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scrip
       ui(*this, scriptedDialogs),
       context{theProject, env, target, deviceTypes, ui, tools, platform}
 {
-    SetIcon(wxIcon(icon_program_xpm));
+    SetIcon(wxICON(icon_program));
     CreateStatusBar(1);
     startedUp = RunStartup(context);
 }

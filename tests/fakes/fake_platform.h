@@ -1,5 +1,5 @@
 // A Platform with an in-memory registry and settable facilities, so that the Windows
-// behaviour (backslash joins, PowerShell listings) can be exercised anywhere.
+// behaviour (backslash joins, PowerShell listings, cmd.exe redirections) can be exercised anywhere.
 #pragma once
 
 #include "platform/platform.h"
@@ -14,6 +14,7 @@ public:
     wxString documentsDir = "C:\\Users\\eng\\Documents";
     wxString updaterCommand = "powershell \".\\updater.exe /silent\"";
     wxArrayString queries;
+    wxArrayString freeComPorts;
 
     bool RegistryKeyExists(RegistryHive hive, const wxString& key) override
     {
@@ -31,4 +32,9 @@ public:
     wxString DocumentsDir() const override { return documentsDir; }
     wxString SilentUpdaterCommand(const wxString&) const override { return updaterCommand; }
     wxArrayString InstalledSoftwareQueries() const override { return queries; }
+    wxArrayString FreeComPortNames() override { return freeComPorts; }
+    wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override
+    {
+        return "cmd.exe /C " + command + " >" + outputFile;
+    }
 };

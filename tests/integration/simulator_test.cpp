@@ -212,7 +212,8 @@ TEST_F(Simulator, CommissioningRehearsalRunsEndToEnd)
         EXPECT_EQ(fields[3], i == 1 ? wxString("host=-") : "host=" + kHost);
         EXPECT_EQ(fields[4], "TT_SSH_PORT=2222");
     }
-    EXPECT_EQ(wxSplit(runs[2], '\t', 0)[5], "cwd=" + build + "/OUTPUT");
+    // The folder as the system names it: native separators on Windows.
+    EXPECT_EQ(wxSplit(runs[2], '\t', 0)[5], "cwd=" + wxFileName(build + "/OUTPUT").GetFullPath());
 }
 
 // Every device type the sample set ships builds, and the map it gives is sound: seven fields per

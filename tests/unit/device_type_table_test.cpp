@@ -87,6 +87,11 @@ TEST(DeviceTypeTable, BinaryOrEmptyFilesLoadNoRows)
 TEST(DeviceTypeTable, FileLivesInTheBuildFolderOfTheTemplates)
 {
     InstallationEnvironment env;
+#ifdef __WINDOWS__
+    env.TgxTemplatesPath = "C:\\TGx\\tgxtemplates";
+    EXPECT_EQ(DeviceTypeFilePath(env), "C:\\TGx\\tgxtemplates\\BUILD\\ct.cfg");
+#else
     env.TgxTemplatesPath = "/opt/tgx/tgxtemplates";
     EXPECT_EQ(DeviceTypeFilePath(env), "/opt/tgx/tgxtemplates/BUILD/ct.cfg");
+#endif
 }

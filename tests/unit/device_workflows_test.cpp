@@ -230,8 +230,8 @@ TEST_F(LoadFromDevice, FetchesProjectAndMap)
     LoadProjectFromDevice(withFetch);
     const wxArrayString commands = fetch.Commands();
     ASSERT_EQ(commands.size(), 3u);
-    EXPECT_EQ(commands[0], "ttgetfile \"10.0.0.7\" TG7/tgxconfig.prj \"" + folder + "/tgxconfig.prj\"");
-    EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + "/MBMAP1.csv\"");
+    EXPECT_EQ(commands[0], "ttgetfile \"10.0.0.7\" TG7/tgxconfig.prj \"" + folder + wxFILE_SEP_PATH + "tgxconfig.prj\"");
+    EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + wxFILE_SEP_PATH + "MBMAP1.csv\"");
     EXPECT_EQ(commands[2], "ttmbprint \"10.0.0.7\" -f=2");
     EXPECT_EQ(ui.progress.at(0), "begin: Downloading project file | Load config from TG7\n");
     EXPECT_TRUE(ui.messages.empty());

@@ -1,11 +1,16 @@
+#include "wx_test_support.h"
+
+#ifndef __WINDOWS__
+
 #include "app/installation_environment.h"
 #include "platform/posix_platform.h"
+#include "project/text_file.h"
 #include "temp_dir.h"
-
-#include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 #include <wx/utils.h>
+
+#include <set>
 
 TEST(PosixRegistryFile, KeysAreGroupsOfTheFile)
 {
@@ -69,3 +74,103 @@ TEST(PosixPlatformFacilities, UpdaterRunsOnlyWhenShippedAndNoListingsExist)
     EXPECT_TRUE(platform.InstalledSoftwareQueries().empty());
     EXPECT_EQ(platform.PathSeparator(), "/");
 }
+
+namespace {
+
+wxArrayString ComNames(std::initializer_list<int> numbers)
+{
+    wxArrayString names;
+    for (int n : numbers)
+        names.Add(wxString::Format("COM%d", n));
+    return names;
+}
+
+// Sets an environment variable for one scope and restores what was there.
+class ScopedEnv {
+public:
+    ScopedEnv(const wxString& name, const wxString& value) : name(name), had(wxGetEnv(name, &saved))
+    {
+        wxSetEnv(name, value);
+    }
+    ~ScopedEnv() { had ? wxSetEnv(name, saved) : wxUnsetEnv(name); }
+
+private:
+    wxString name, saved;
+    bool had;
+};
+
+}  // namespace
+
+TEST(PosixComPorts, FreeNamesAreThoseTheProbeCannotOpen)
+{
+    struct Case {
+        std::set<int> taken;
+        wxArrayString free;
+    } cases[] = {
+        {{}, ComNames({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
+        {{1, 2, 3, 4, 5, 6, 7, 8, 9}, ComNames({10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
+        {{3, 12, 19, 20}, ComNames({1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 13, 14, 15, 16, 17, 18})},
+        {{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19}, wxArrayString()},
+    };
+    for (const Case& c : cases) {
+        wxArrayString probed;
+        PosixPlatform platform("/nonexistent/registry.ini", [&](const wxString& name) {
+            probed.Add(name);
+            long n = 0;
+            name.Mid(3).ToLong(&n);
+            return c.taken.count(static_cast<int>(n)) != 0;
+        });
+        EXPECT_EQ(platform.FreeComPortNames(), c.free);
+        EXPECT_EQ(probed.size(), 19u);  // every name is probed, whatever the earlier ones gave
+    }
+}
+
+TEST(PosixComPorts, DefaultProbeReadsTheTakenListNamedByTheEnvironment)
+{
+    TempDir dir;
+    const wxString list = dir.Write("taken.txt", "com2\r\n  COM5 \n\nCOM30\nCOM1x\n");
+    PosixPlatform platform(dir.path + "/none.ini");
+    struct Case {
+        wxString listFile;
+        wxArrayString free;
+    } cases[] = {
+        {list, ComNames({1, 3, 4, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
+        {dir.path + "/missing.txt", ComNames({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
+        {"", ComNames({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
+    };
+    for (const Case& c : cases) {
+        ScopedEnv env("TGX_TAKEN_COM_PORTS", c.listFile);
+        EXPECT_EQ(platform.FreeComPortNames(), c.free) << c.listFile;
+    }
+}
+
+TEST(PosixShell, RedirectionThroughBinSh)
+{
+    PosixPlatform platform("/nonexistent/registry.ini");
+    // The map generation's line, with /bin/sh in cmd.exe's place.
+    EXPECT_EQ(platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd"),
+              "/bin/sh -c 'inifile _temp -p=../ADDITIONAL -mb >_temp.mbd'");
+
+    struct Case {
+        const char* command;
+        const char* file;
+        long code;
+        wxArrayString lines;
+    } cases[] = {
+        {"echo map line", "_temp.mbd", 0, Lines({"map line"})},
+        {"printf '%s\\n' \"it's\" 'back\\slash'", "it's a \"file\" $HOME.txt", 0, Lines({"it's", "back\\slash"})},
+        {"exit 3", "empty.txt", 3, wxArrayString()},  // the command's exit code is the run's
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.command);
+        TempDir dir;
+        wxExecuteEnv env;
+        env.cwd = dir.path;
+        EXPECT_EQ(wxExecute(platform.RedirectedCommand(c.command, c.file), wxEXEC_SYNC, nullptr, &env), c.code);
+        wxArrayString lines;
+        ASSERT_TRUE(ReadTextLines(dir.path + "/" + c.file, lines));
+        EXPECT_EQ(lines, c.lines);
+    }
+}
+
+#endif

@@ -50,7 +50,7 @@ TEST_F(ProjectCommands, NewAsksBeforeLosingEditsAndSavesAtOnce)
     EXPECT_TRUE(wxFileExists(dir.path + "/plant.mbd"));
     EXPECT_EQ(project.projectOpen, 1);
     EXPECT_EQ(project.projectSaved, 1);
-    EXPECT_EQ(project.projectFilePath.GetFullPath(), dir.path + "/plant.prj");
+    EXPECT_EQ(project.projectFilePath.GetFullPath(), dir.path + wxFILE_SEP_PATH + "plant.prj");
     EXPECT_EQ(ui.events.back(), "refresh");
 }
 

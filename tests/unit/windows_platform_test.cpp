@@ -1,0 +1,185 @@
+// The Windows platform against the real registry, CreateFileW and cmd.exe (under Wine in CI).
+// A tool that cannot be started (-1) is checked by tool_runner_test.cpp, on both platforms.
+#include "wx_test_support.h"
+
+#ifdef __WINDOWS__
+
+#include "app/installation_environment.h"
+#include "platform/windows_platform.h"
+#include "project/text_file.h"
+#include "temp_dir.h"
+
+#include <gtest/gtest.h>
+#include <wx/filefn.h>
+#include <wx/utils.h>
+
+namespace {
+
+// reg.exe writes the keys, as an installer or an administrator would; the platform reads them
+// back. Every key lives below a scratch key of this process, in both hives, so nothing of a real
+// installation is touched: the keys the tool asks for are looked up below it.
+class ScratchRegistry : public ::testing::Test {
+protected:
+    const wxString scratch = wxString::Format("Software\\tgx-tests\\%lu", wxGetProcessId());
+
+    ~ScratchRegistry() override { Clear(); }
+
+    void Clear()
+    {
+        for (const char* hive : {"HKCU", "HKLM"})
+            Reg(wxString::Format("reg delete \"%s\\%s\" /f", hive, scratch));
+    }
+
+    // Imports REGEDIT4 text in which "[HKCU:key]" and "[HKLM:key]" stand for keys below the scratch key.
+    void Import(const wxString& text)
+    {
+        wxString content = "REGEDIT4\r\n\r\n" + text;
+        content.Replace("[HKCU:", "[HKEY_CURRENT_USER\\" + scratch + "\\");
+        content.Replace("[HKLM:", "[HKEY_LOCAL_MACHINE\\" + scratch + "\\");
+        const wxString file = dir.Write("keys.reg", content);
+        ASSERT_EQ(Reg("reg import \"" + file + "\""), 0) << content;
+    }
+
+    static long Reg(const wxString& command)
+    {
+        wxArrayString output, errors;
+        return wxExecute(command, output, errors, wxEXEC_SYNC | wxEXEC_NODISABLE);
+    }
+
+    TempDir dir;
+};
+
+class ScratchKeyPlatform : public WindowsPlatform {
+public:
+    explicit ScratchKeyPlatform(const wxString& root) : root(root + "\\") {}
+    bool RegistryKeyExists(RegistryHive hive, const wxString& key) override
+    {
+        return WindowsPlatform::RegistryKeyExists(hive, root + key);
+    }
+    wxString RegistryValue(RegistryHive hive, const wxString& key, const wxString& name) override
+    {
+        return WindowsPlatform::RegistryValue(hive, root + key, name);
+    }
+
+private:
+    wxString root;
+};
+
+// The header line of a key the tool reads, in Import's notation.
+wxString KeyHeader(const char* hive, const char* key)
+{
+    return wxString::Format("[%s:%s]\r\n", hive, key);
+}
+const wxString kSuiteInUserHive = KeyHeader("HKCU", kSuiteRegistryKey);
+const wxString kSuiteInMachineHive = KeyHeader("HKLM", kSuiteRegistryKey);
+const wxString kConnectInUserHive = KeyHeader("HKCU", kConnectRegistryKey);
+const wxString kConnectInMachineHive = KeyHeader("HKLM", kConnectRegistryKey);
+
+}  // namespace
+
+TEST_F(ScratchRegistry, InstallationEnvironmentFromTheRegistry)
+{
+    const wxString fullSuite = wxString("\"Path\"=\"C:\\\\Program Files\\\\TARN\\\\TGx\\\\\"\r\n") +
+                               "\"Version\"=\"6.2.2\"\r\n\"FirmwareVersion\"=\"6.2.1\"\r\n\"TemplatesVersion\"=\"3.1.0\"\r\n";
+    struct Case {
+        const char* name;
+        wxString keys;
+        bool started;
+        wxString templatesPath, statusLine, connectInstallerPath;
+    } cases[] = {
+        {"both keys", kSuiteInUserHive + fullSuite + kConnectInMachineHive + "\"Path\"=\"D:\\\\Connect\\\\\"\r\n\"Version\"=\"2.4.1\"\r\n",
+         true, "C:\\Program Files\\TARN\\TGx\\tgxtemplates",
+         "TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect 2.4.1", "D:\\Connect\\installer"},
+        // The connect key counts only in the machine's hive.
+        {"connect key absent", kSuiteInUserHive + fullSuite + kConnectInUserHive + "\"Version\"=\"2.4.1\"\r\n", true,
+         "C:\\Program Files\\TARN\\TGx\\tgxtemplates",
+         "TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect not installed", "installer"},
+        // Missing and empty values are empty texts, without a word.
+        {"values missing", kSuiteInUserHive + "\"Path\"=\"C:\\\\TGx\"\r\n\"TemplatesVersion\"=\"\"\r\n", true,
+         "C:\\TGxtgxtemplates", "TGxSoftwareSuite  , Firmware  , Templates  , TGxConnect not installed", "installer"},
+        // The suite key counts only in the user's hive.
+        {"suite key absent", kSuiteInMachineHive + fullSuite, false, "", "", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Clear();
+        Import(c.keys);
+        ScratchKeyPlatform platform(scratch);
+        InstallationEnvironment env;
+        ASSERT_EQ(ReadInstallationEnvironment(platform, env), c.started);
+        if (!c.started)
+            continue;
+        DeriveInstallationPaths(env, platform.PathSeparator(), platform.DocumentsDir());
+        EXPECT_EQ(env.TgxTemplatesPath, c.templatesPath);
+        EXPECT_EQ(env.TgxConnectInstallerPath, c.connectInstallerPath);
+        EXPECT_EQ(VersionStatusLine(env), c.statusLine);
+    }
+}
+
+TEST_F(ScratchRegistry, ValuesThatAreNotTextsReadAsEmpty)
+{
+    Import(kSuiteInUserHive + "\"Version\"=dword:00000006\r\n\"Path\"=\"C:\\\\TGx\\\\\"\r\n");
+    ScratchKeyPlatform platform(scratch);
+    EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, kSuiteRegistryKey, "Path"), "C:\\TGx\\");
+    EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, kSuiteRegistryKey, "Version"), "");
+    EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, "Software\\no such key", "Path"), "");
+}
+
+TEST(WindowsComPorts, FreeNamesAreComOneToNineteenInOrder)
+{
+    // A file named like a port in the current folder opens: the plain name is what is probed.
+    TempDir dir;
+    dir.Write("COM12", "");
+    const wxString previous = wxGetCwd();
+    ASSERT_TRUE(wxSetWorkingDirectory(dir.path));
+    const wxArrayString free = WindowsPlatform().FreeComPortNames();
+    wxSetWorkingDirectory(previous);
+
+    ASSERT_LE(free.size(), 19u);
+    long last = 0;
+    for (const wxString& name : free) {
+        long n = 0;
+        ASSERT_TRUE(name.StartsWith("COM") && name.Mid(3).ToLong(&n)) << name;
+        EXPECT_GT(n, last) << name;
+        EXPECT_LE(n, 19) << name;
+        last = n;
+    }
+    // Without the device prefix, COM10 and up are never open ports: always free.
+    for (int n = 10; n <= 19; ++n) {
+        const wxString name = wxString::Format("COM%d", n);
+        EXPECT_EQ(free.Index(name) != wxNOT_FOUND, n != 12) << name;
+    }
+}
+
+TEST(WindowsShell, RedirectionThroughCmdExe)
+{
+    WindowsPlatform platform;
+    // The map generation's line, as the tool has always run it.
+    EXPECT_EQ(platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd"),
+              "cmd.exe /C inifile _temp -p=../ADDITIONAL -mb >_temp.mbd");
+
+    struct Case {
+        const char* command;
+        const char* file;
+        long code;
+        const char* firstLine;
+    } cases[] = {
+        // The blank before ">" belongs to echo's text: cmd.exe's own rule.
+        {"echo map line", "_temp.mbd", 0, "map line "},
+        {"echo spaced", "out file.txt", 0, "spaced "},
+        {"exit 3", "empty.txt", 3, nullptr},  // the command's exit code is the run's
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.command);
+        TempDir dir;
+        wxExecuteEnv env;
+        env.cwd = dir.path;
+        EXPECT_EQ(wxExecute(platform.RedirectedCommand(c.command, c.file), wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE, nullptr, &env),
+                  c.code);
+        wxArrayString lines;
+        ASSERT_TRUE(ReadTextLines(dir.path + "\\" + c.file, lines));
+        EXPECT_EQ(lines, c.firstLine ? Lines({c.firstLine}) : wxArrayString());
+    }
+}
+
+#endif
