@@ -7,7 +7,7 @@ packages=(
   g++-mingw-w64-x86-64-posix libz-mingw-w64-dev
   wine wine64 fonts-wine
   cmake ninja-build make googletest dpkg-dev xz-utils ca-certificates
-  xvfb xauth x11-utils imagemagick
+  xvfb xauth x11-utils imagemagick xdotool
   wixl msitools
 )
 

@@ -33,6 +33,15 @@ smoke_test() {
   wine_stop
   wine_start
 
+  # A simulated gateway that holds the boiler-house example: the tool fetches it with Project,
+  # Load From TG7, so the picture shows the panel with a project, as a user would see it.
+  local gateway=$out/gateway
+  rm -rf "$gateway"
+  mkdir -p "$gateway/TG7"
+  cp "$top/docs/examples/boiler_house.prj" "$gateway/TG7/tgxconfig.prj"
+  cp "$top/docs/examples/boiler_house.mbd" "$gateway/TG7/MBMAP1.csv"
+  export TGXSIM_HOME="Z:${gateway//\//\\}"
+
   local probe status=0 code=0
   timeout 120 wine "$build/tgxconfig.exe" </dev/null >"$log" 2>&1 &
   local tool=$!
@@ -41,6 +50,26 @@ smoke_test() {
     kill "$tool" 2>/dev/null || true
     return 1
   fi
+  # Project, Load From TG7, then OK in the address prompt: real clicks and keys, as a user gives
+  # them (Wine keeps a process's menus to itself, so no other program can choose the item).
+  local wx wy
+  read -r wx wy _ <<<"${probe//$'\r'/}"
+  xdotool mousemove $((wx + 30)) $((wy + 33)) click 1
+  sleep 1
+  xdotool mousemove $((wx + 59)) $((wy + 96)) click 1
+  sleep 2
+  xdotool key Return
+  local waited=0
+  until grep -q ttmbprint "$gateway/run.log" 2>/dev/null || [ $waited -ge 30 ]; do
+    sleep 1
+    waited=$((waited + 1))
+  done
+  if [ $status -ne 0 ] || ! grep -q 'ttgetfile.*exit=0' "$gateway/run.log" 2>/dev/null; then
+    echo "smoke test: Load From TG7 did not fetch the project (log: $log)" >&2
+    status=1
+  fi
+  sleep 2
+  probe=$(timeout 30 wine "$build/tests/window_probe.exe" "$title" 10 </dev/null 2>>"$log") || status=1
   probe=${probe//$'\r'/}
   local x y width height status_line
   read -r x y width height <<<"$(head -n1 <<<"$probe")"
@@ -52,6 +81,9 @@ smoke_test() {
     status=1
   fi
   timeout 30 wine "$build/tests/window_probe.exe" --close "$title" </dev/null >/dev/null 2>&1 || status=1
+  # The fetched project is not saved yet: the tool asks before it is lost; Yes (the default).
+  sleep 2
+  xdotool key Return
   wait "$tool" || code=$?
   if [ "$code" -ne 0 ]; then
     echo "smoke test: tgxconfig.exe ended with status $code after being closed (log: $log)" >&2
