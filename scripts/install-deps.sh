@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, only those that are missing.
+#   scripts/install-deps.sh [PACKAGE...]   (default: the Linux build's packages)
 set -euo pipefail
 
-packages=(
+packages=("$@")
+[ ${#packages[@]} -gt 0 ] || packages=(
   cmake ninja-build g++ make pkg-config
   libwxgtk3.2-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev

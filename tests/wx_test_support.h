@@ -2,6 +2,9 @@
 #pragma once
 
 #include <wx/arrstr.h>
+#include <wx/dir.h>
+#include <wx/filefn.h>
+#include <wx/filename.h>
 #include <wx/string.h>
 
 #include <initializer_list>
@@ -26,4 +29,18 @@ inline wxArrayString Lines(std::initializer_list<const char*> texts)
     for (const char* text : texts)
         lines.Add(wxString::FromUTF8(text));
     return lines;
+}
+
+// Copies every file below `from` to the same place below `to`, creating the folders.
+inline void CopyTree(const wxString& from, const wxString& to)
+{
+    wxArrayString files;
+    wxDir::GetAllFiles(from, &files);
+    for (const wxString& file : files) {
+        wxFileName target(file);
+        target.MakeRelativeTo(from);
+        target.MakeAbsolute(to);
+        wxFileName::Mkdir(target.GetPath(), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        wxCopyFile(file, target.GetFullPath());
+    }
 }

@@ -18,19 +18,6 @@
 
 namespace {
 
-void CopyTree(const wxString& from, const wxString& to)
-{
-    wxArrayString files;
-    wxDir::GetAllFiles(from, &files);
-    for (const wxString& file : files) {
-        wxFileName target(file);
-        target.MakeRelativeTo(from);
-        target.MakeAbsolute(to);
-        wxFileName::Mkdir(target.GetPath(), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        wxCopyFile(file, target.GetFullPath());
-    }
-}
-
 class ConfigureGateway : public ::testing::Test {
 protected:
     void SetUp() override

@@ -24,19 +24,6 @@ std::string ReadBytes(const wxString& path)
     return bytes.str();
 }
 
-void CopyTree(const wxString& from, const wxString& to)
-{
-    wxArrayString files;
-    wxDir::GetAllFiles(from, &files);
-    for (const wxString& file : files) {
-        wxFileName target(file);
-        target.MakeRelativeTo(from);
-        target.MakeAbsolute(to);
-        wxFileName::Mkdir(target.GetPath(), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        wxCopyFile(file, target.GetFullPath());
-    }
-}
-
 struct CliRun {
     long status = -1;
     wxArrayString out;
