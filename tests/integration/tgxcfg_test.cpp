@@ -82,6 +82,10 @@ protected:
         return lines;
     }
 
+    // Each test's own installation. Under Windows the registry (not the registry file) names the
+    // installation, one for all tests, whose build folder parallel tests would share.
+    wxString OwnInstallation() const { return "--software-path=" + scratch + "/installation"; }
+
     wxString scratch;
     wxString registry;
 };
@@ -385,7 +389,7 @@ TEST_F(Tgxcfg, CheckReportsOneLineForEachProblem)
 
 TEST_F(Tgxcfg, ConfigureRunsTheSimulatedGatewayWithTheConsoleAnswering)
 {
-    const CliRun run = Run({"configure", "boiler_house.prj", "--target=127.0.0.1:2222", "--tag=BOILER2"});
+    const CliRun run = Run({OwnInstallation(), "configure", "boiler_house.prj", "--target=127.0.0.1:2222", "--tag=BOILER2"});
     EXPECT_EQ(run.status, 0);
     // ttbuild writes on the same console; its own lines are not tgxcfg's.
     wxArrayString out;
@@ -428,7 +432,7 @@ TEST_F(Tgxcfg, ConfigureEndsWithTheFailingStepsMessageOnStandardError)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.fault);
         Write("gateway/faults.txt", {c.fault});
-        const CliRun run = Run({"configure", "boiler_house.prj", "--target=127.0.0.1"});
+        const CliRun run = Run({OwnInstallation(), "configure", "boiler_house.prj", "--target=127.0.0.1"});
         EXPECT_EQ(run.status, 1);
         EXPECT_EQ(run.err, c.message);
         ASSERT_FALSE(run.out.empty());
@@ -439,7 +443,7 @@ TEST_F(Tgxcfg, ConfigureEndsWithTheFailingStepsMessageOnStandardError)
 TEST_F(Tgxcfg, ConfigureQuestionsAreAnsweredYesOnlyWhenAsked)
 {
     // The multiplexer example has an empty map: Configure asks whether to go on without one.
-    CliRun run = Run({"configure", "tank_farm_mux.prj", "--target=127.0.0.1"});
+    CliRun run = Run({OwnInstallation(), "configure", "tank_farm_mux.prj", "--target=127.0.0.1"});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out,
         Lines({"WARNING : There is no Modbus Map configured for this project",
@@ -447,7 +451,7 @@ TEST_F(Tgxcfg, ConfigureQuestionsAreAnsweredYesOnlyWhenAsked)
     EXPECT_EQ(run.err, Lines({"tgxcfg: stopped at a question answered No; give --yes to answer Yes"}));
     EXPECT_FALSE(wxFileExists(scratch + "/gateway/run.log"));
 
-    run = Run({"configure", "tank_farm_mux.prj", "--target=127.0.0.1", "--yes"});
+    run = Run({OwnInstallation(), "configure", "tank_farm_mux.prj", "--target=127.0.0.1", "--yes"});
     EXPECT_EQ(run.status, 0);
     ASSERT_GE(run.out.size(), 4u);
     EXPECT_EQ(run.out[3], "Do you wish to continue without a map ? Yes");
@@ -457,7 +461,7 @@ TEST_F(Tgxcfg, ConfigureQuestionsAreAnsweredYesOnlyWhenAsked)
     EXPECT_TRUE(boots[0].Contains("TT_SSH_PORT=22\t")) << boots[0];
 
     // The tag prompt takes letters and digits only, as its dialog does.
-    run = Run({"configure", "boiler_house.prj", "--target=127.0.0.1", "--tag=Line-4"});
+    run = Run({OwnInstallation(), "configure", "boiler_house.prj", "--target=127.0.0.1", "--tag=Line-4"});
     EXPECT_EQ(run.status, 1);
     ASSERT_EQ(run.err.size(), 1u);
     EXPECT_TRUE(run.err[0].StartsWith("tgxcfg: \"Line-4\" cannot be entered at \"Enter a Tagname for this TG7\""));
