@@ -7,8 +7,11 @@
 #include <wx/filename.h>
 #include <wx/string.h>
 
+#include <fstream>
 #include <initializer_list>
 #include <ostream>
+#include <sstream>
+#include <string>
 
 inline void PrintTo(const wxString& text, std::ostream* os)
 {
@@ -43,4 +46,13 @@ inline void CopyTree(const wxString& from, const wxString& to)
         wxFileName::Mkdir(target.GetPath(), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
         wxCopyFile(file, target.GetFullPath());
     }
+}
+
+// A file's bytes exactly as stored (line ends included); empty when it cannot be read.
+inline std::string ReadBytes(const wxString& path)
+{
+    std::ifstream in(path.fn_str(), std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
 }

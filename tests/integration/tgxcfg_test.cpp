@@ -16,14 +16,6 @@
 
 namespace {
 
-std::string ReadBytes(const wxString& path)
-{
-    std::ifstream in(path.fn_str(), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
 struct CliRun {
     long status = -1;
     wxArrayString out;

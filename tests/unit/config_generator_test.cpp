@@ -14,14 +14,6 @@
 
 namespace {
 
-std::string ReadBytes(const wxString& path)
-{
-    std::ifstream in(path.fn_str(), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
 ProjectDevice& AddDevice(Project& project, const char* type, int pollAddress, int enabled,
     std::initializer_list<HartCommandEntry> commands = {})
 {
