@@ -1,7 +1,7 @@
 // The configuration generator's file writing for the largest project the tool can hold (16
 // devices x 50 commands x 8 arguments, a full type table), against the floor of writing the
 // same bytes to the same files. ttbuild is not run: the scripted runner answers 0 at once.
-#include "build/config_generator.h"
+#include "deploy/config_generator.h"
 #include "fakes/test_context.h"
 
 #include <benchmark/benchmark.h>

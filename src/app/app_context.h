@@ -6,7 +6,7 @@
 #include "app/installation_environment.h"
 #include "app/target_address.h"
 #include "app/user_interface.h"
-#include "build/tool_runner.h"
+#include "deploy/tool_runner.h"
 #include "platform/platform.h"
 #include "project/project.h"
 

@@ -2,7 +2,7 @@
 // hands control to the event loop.
 #include "app/conflict_check.h"
 #include "app/target_address.h"
-#include "build/tool_runner.h"
+#include "deploy/tool_runner.h"
 #include "platform/platform.h"
 #include "ui/main_frame.h"
 

@@ -2,9 +2,9 @@
 
 #include "app/app_context.h"
 #include "app/startup.h"
-#include "build/config_generator.h"
-#include "build/configure_device.h"
-#include "build/device_tools.h"
+#include "deploy/config_generator.h"
+#include "deploy/configure_device.h"
+#include "deploy/device_tools.h"
 #include "cli/console_user_interface.h"
 #include "modbus/map_export.h"
 #include "project/command_list.h"

@@ -1,7 +1,7 @@
 #include "project/load_from_device.h"
 
 #include "app/app_context.h"
-#include "build/device_tools.h"
+#include "deploy/device_tools.h"
 #include "project/project_commands.h"
 #include "project/text_file.h"
 

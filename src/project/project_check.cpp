@@ -1,7 +1,7 @@
 #include "project/project_check.h"
 
 #include "app/device_type_table.h"
-#include "build/configure_device.h"
+#include "deploy/configure_device.h"
 #include "project/project.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "ui/main_frame.h"
 
 #include "app/startup.h"
-#include "build/configure_device.h"
+#include "deploy/configure_device.h"
 #include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"

@@ -1,6 +1,6 @@
 // Configure end to end: the real tool runner, the gateway simulator on PATH, a fault at each step.
 #include "app/app_context.h"
-#include "build/configure_device.h"
+#include "deploy/configure_device.h"
 #include "fakes/scripted_user_interface.h"
 #include "project/load_from_device.h"
 #include "project/project_commands.h"

@@ -1,6 +1,6 @@
 // The gateway simulator as the configuration tool meets it: each tool started by name from PATH
 // through wxExecute, a process of its own, all sharing one scratch state folder.
-#include "build/tool_runner.h"
+#include "deploy/tool_runner.h"
 
 #include "wx_test_support.h"
 

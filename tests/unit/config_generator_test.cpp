@@ -1,4 +1,4 @@
-#include "build/config_generator.h"
+#include "deploy/config_generator.h"
 #include "fakes/test_context.h"
 #include "project/text_file.h"
 #include "temp_dir.h"

@@ -1,5 +1,5 @@
-#include "build/configure_device.h"
-#include "build/device_tools.h"
+#include "deploy/configure_device.h"
+#include "deploy/device_tools.h"
 #include "fakes/test_context.h"
 #include "project/load_from_device.h"
 #include "project/project_file.h"

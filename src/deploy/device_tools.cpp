@@ -1,4 +1,4 @@
-#include "build/device_tools.h"
+#include "deploy/device_tools.h"
 
 #include "app/app_context.h"
 

@@ -1,8 +1,8 @@
-#include "build/configure_device.h"
+#include "deploy/configure_device.h"
 
 #include "app/app_context.h"
-#include "build/config_generator.h"
-#include "build/device_tools.h"
+#include "deploy/config_generator.h"
+#include "deploy/device_tools.h"
 #include "project/project_file.h"
 
 const char* const kTagNamePrompt = "Enter a Tagname for this TG7";

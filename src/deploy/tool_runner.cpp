@@ -1,4 +1,4 @@
-#include "build/tool_runner.h"
+#include "deploy/tool_runner.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

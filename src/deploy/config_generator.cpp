@@ -1,4 +1,4 @@
-#include "build/config_generator.h"
+#include "deploy/config_generator.h"
 
 #include "app/app_context.h"
 #include "project/text_file.h"
