@@ -168,9 +168,14 @@ void ReadHartCommand(Project& project, const wxString& value, ProjectLineReader&
     if (d < 0 || d >= MAX_DEVICES)
         return;
     ProjectDevice& device = project.devices[d];
+    if (device.commandCount < 0 || device.commandCount >= MAX_COMMANDS) {
+        // A command past the last slot is dropped, and so are the arguments that follow it.
+        reader.lastCommandRead = -1;
+        return;
+    }
     const wxArrayString tokens = Tokens(value);
     // Three values: files of older versions, which had no write commands.
-    if ((tokens.size() != 4 && tokens.size() != 3) || device.commandCount < 0 || device.commandCount >= MAX_COMMANDS)
+    if (tokens.size() != 4 && tokens.size() != 3)
         return;
     HartCommandEntry& command = device.commands[device.commandCount];
     SetNumber(command.commandNumber, tokens[0]);
