@@ -29,6 +29,6 @@ bool CheckConflictingSoftware(AppContext& ctx)
                                    "You MUST uninstall the following software:-\n\n"
                                    " TGx Templates\n TGx Tools\n TARN Tools\n TGx Firmware\n\n"
                                    "This program will now exit.",
-                                   "Software Version Conflict", MessageIcon::Warning});
+                                   "Software Version Conflict", MessageIcon::Warning, false});
     return false;
 }

@@ -11,7 +11,7 @@ bool ReadInstallation(Platform& platform, InstallationEnvironment& env, MessageF
     if (!ReadInstallationEnvironment(platform, env)) {
         fault = MessageForm{"Cannot locate registry entries required by this program\n\n"
                             "This program cannot continue and will now terminate",
-                            "Alert - Program cannot continue", MessageIcon::Error};
+                            "Alert - Program cannot continue", MessageIcon::Error, false};
         return false;
     }
     DeriveInstallationPaths(env, platform.PathSeparator(), platform.DocumentsDir());

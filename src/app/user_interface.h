@@ -13,6 +13,8 @@ struct MessageForm {
     wxString text;
     wxString caption;
     MessageIcon icon = MessageIcon::None;
+    // The start-up alerts have always been shown uncentred, with only their button and icon.
+    bool centred = true;
 };
 
 // A Yes/No question; only Yes continues.

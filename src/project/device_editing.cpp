@@ -30,15 +30,18 @@ DeviceForm FormFor(const AppContext& ctx)
 }
 
 // Stores what the dialog holds into device `index`; false, after the message, when the address
-// is refused. The device's own current poll address counts as free.
-bool ApplyDeviceForm(AppContext& ctx, const DeviceForm& form, int index)
+// is refused. A modified device keeps its own current poll address even when a project file gave
+// another device the same one, so that its other settings can still be changed.
+bool ApplyDeviceForm(AppContext& ctx, const DeviceForm& form, int index, bool modifying)
 {
     Project& project = ctx.project;
     ProjectDevice& device = project.devices[index];
     const bool longAddress = form.address.length() == kLongAddressLength;
     long number = -1;
-    const bool valid = !longAddress && ParseTypedNumber(form.address, number) &&
-                       static_cast<unsigned long>(number) <= 63 && !PollAddressInUse(project, number, index);
+    const bool parsed = !longAddress && ParseTypedNumber(form.address, number);
+    const bool ownAddress = modifying && parsed && number == device.pollAddress;
+    const bool valid = parsed && static_cast<unsigned long>(number) <= 63 &&
+                       (ownAddress || !PollAddressInUse(project, number, index));
     const bool multiplexer = IsMultiplexerMode(project);
     if (!multiplexer && valid) {
         device.pollAddress = static_cast<int>(number);
@@ -112,7 +115,7 @@ void AddDevice(AppContext& ctx)
     form.enabledForPolling = true;
     form.typeSelection = 0;
     const int index = project.deviceCount;
-    if (!ctx.ui.EditDevice(form) || !ApplyDeviceForm(ctx, form, index)) {
+    if (!ctx.ui.EditDevice(form) || !ApplyDeviceForm(ctx, form, index, false)) {
         ctx.ui.RefreshPanel();
         return;
     }
@@ -135,7 +138,7 @@ void ModifyDevice(AppContext& ctx)
     form.autoAddressing = (device.enabled & 2) != 0;
     form.typeSelection = form.typeNames.Index(GetText(device.typeName));
     form.address = IsMultiplexerMode(project) ? GetText(device.longAddress) : wxString::Format("%d", device.pollAddress);
-    if (ctx.ui.EditDevice(form) && ApplyDeviceForm(ctx, form, index))
+    if (ctx.ui.EditDevice(form) && ApplyDeviceForm(ctx, form, index, true))
         project.projectSaved = 0;
     ctx.ui.RefreshPanel();
 }

@@ -4,11 +4,14 @@
 #include "project/device_dialog.h"
 #include "ui/main_frame.h"
 
+#include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/progdlg.h>
 #include <wx/textdlg.h>
 #include <wx/valtext.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -29,6 +32,29 @@ wxString CaptionOrDefault(const wxString& caption)
     return caption.empty() ? wxString(wxMessageBoxCaptionStr) : caption;
 }
 
+// Widens the progress dialog to its longest text so far and draws it now: the step that follows
+// may run a tool for a long time, and its text must be on screen meanwhile.
+void ShowWholeProgressText(wxProgressDialog& dialog, const wxString& text)
+{
+    int widest = 0;
+    for (const wxString& line : wxSplit(text, '\n')) {
+        int width = 0, height = 0;
+        dialog.GetTextExtent(line, &width, &height);
+        widest = std::max(widest, width);
+    }
+    const int margins = dialog.FromDIP(60);
+    const wxSize client = dialog.GetClientSize();
+    if (client.x < widest + margins) {
+        dialog.SetClientSize(widest + margins, client.y);
+        dialog.Layout();
+    }
+    dialog.Refresh();
+    dialog.Update();
+    wxEventLoopBase* loop = wxEventLoopBase::GetActive();
+    if (loop != nullptr)
+        loop->YieldFor(wxEVT_CATEGORY_UI);
+}
+
 }  // namespace
 
 WxUserInterface::WxUserInterface(MainFrame& frame, UserInterface* scriptedDialogs)
@@ -42,7 +68,8 @@ void WxUserInterface::ShowMessage(const MessageForm& form)
 {
     if (scripted != nullptr)
         return scripted->ShowMessage(form);
-    wxMessageBox(form.text, CaptionOrDefault(form.caption), wxOK | wxCENTRE | IconStyle(form.icon), nullptr);
+    wxMessageBox(form.text, CaptionOrDefault(form.caption), wxOK | (form.centred ? wxCENTRE : 0) | IconStyle(form.icon),
+                 nullptr);
 }
 
 bool WxUserInterface::AskYesNo(const QuestionForm& form)
@@ -96,8 +123,10 @@ void WxUserInterface::PulseProgress(const wxString& text)
 {
     if (scripted != nullptr)
         return scripted->PulseProgress(text);
-    if (progress)
-        progress->Pulse(text);
+    if (!progress)
+        return;
+    progress->Pulse(text);
+    ShowWholeProgressText(*progress, text);
 }
 
 void WxUserInterface::EndProgress()
