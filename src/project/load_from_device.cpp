@@ -2,17 +2,9 @@
 
 #include "app/app_context.h"
 #include "deploy/device_tools.h"
+#include "project/private_folder.h"
 #include "project/project_commands.h"
 #include "project/text_file.h"
-
-#include <wx/filefn.h>
-#include <wx/filename.h>
-#include <wx/log.h>
-
-wxString DeviceDownloadFolder()
-{
-    return wxFileName::GetTempDir() + wxFileName::GetPathSeparator() + "tgxconfig-download";
-}
 
 namespace {
 
@@ -24,25 +16,19 @@ bool Fetch(AppContext& ctx, const char* remote, const wxString& local)
                                  output) == 0;
 }
 
-void Remove(const wxString& file)
-{
-    wxLogNull quiet;
-    if (wxFileExists(file))
-        wxRemoveFile(file);
-}
-
 }  // namespace
 
 void LoadProjectFromDevice(AppContext& ctx)
 {
     if (!ConfirmDiscardUnsaved(ctx) || !PromptTargetAddress(ctx))
         return;
-    const wxString folder = DeviceDownloadFolder();
-    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    const wxString projectFile = folder + wxFileName::GetPathSeparator() + "tgxconfig.prj";
-    const wxString mapFile = folder + wxFileName::GetPathSeparator() + "MBMAP1.csv";
-    Remove(projectFile);
-    Remove(mapFile);
+    const PrivateFolder folder("tgxconfig-download");
+    const wxString projectFile = folder.File("tgxconfig.prj");
+    const wxString mapFile = folder.File("MBMAP1.csv");
+    if (!folder.Created()) {
+        ctx.ui.ShowMessage("Failed to obtain configuration from TG7.");
+        return;
+    }
 
     ctx.ui.BeginProgress("Downloading project file", "Load config from TG7\n");
     ctx.ui.PulseProgress("Load config from TG7\n");
@@ -62,8 +48,6 @@ void LoadProjectFromDevice(AppContext& ctx)
 
     wxArrayString lines;
     const bool read = ReadTextLines(projectFile, lines);
-    Remove(projectFile);
-    Remove(mapFile);
     ctx.ui.EndProgress();
     if (!read) {
         ctx.ui.ShowMessage("Error in project file");

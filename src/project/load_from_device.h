@@ -7,6 +7,3 @@ struct AppContext;
 
 void LoadProjectFromDevice(AppContext& ctx);
 
-// Where the gateway's files are fetched to: a folder of their own in the system's temporary
-// folder, emptied after reading.
-wxString DeviceDownloadFolder();

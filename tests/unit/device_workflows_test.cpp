@@ -214,8 +214,6 @@ protected:
 TEST_F(LoadFromDevice, FetchesProjectAndMap)
 {
     // The scripted runner cannot write files, so the files are placed where the fetch puts them.
-    const wxString folder = DeviceDownloadFolder();
-    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     struct FakeFetch : ScriptedToolRunner {
         long RunCaptured(const wxString& command, wxArrayString& output) override
         {
@@ -230,6 +228,10 @@ TEST_F(LoadFromDevice, FetchesProjectAndMap)
     LoadProjectFromDevice(withFetch);
     const wxArrayString commands = fetch.Commands();
     ASSERT_EQ(commands.size(), 3u);
+    // A folder of this fetch's own in the temporary folder, gone afterwards.
+    const wxString folder = commands[0].AfterLast(' ').Mid(1).BeforeLast(wxFILE_SEP_PATH);
+    EXPECT_TRUE(folder.StartsWith(wxFileName::GetTempDir() + wxFILE_SEP_PATH + "tgxconfig-download-")) << folder;
+    EXPECT_FALSE(wxDirExists(folder));
     EXPECT_EQ(commands[0], "ttgetfile \"10.0.0.7\" TG7/tgxconfig.prj \"" + folder + wxFILE_SEP_PATH + "tgxconfig.prj\"");
     EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + wxFILE_SEP_PATH + "MBMAP1.csv\"");
     EXPECT_EQ(commands[2], "ttmbprint \"10.0.0.7\" -f=2");
@@ -240,7 +242,6 @@ TEST_F(LoadFromDevice, FetchesProjectAndMap)
     EXPECT_EQ(GetText(project.tagName), "GW7");
     EXPECT_EQ(project.modbusMapLines, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"}));  // printed: no map file
     EXPECT_FALSE(project.projectFilePath.IsOk());  // fetched, not yet saved anywhere
-    EXPECT_FALSE(wxFileExists(folder + "/tgxconfig.prj"));
 }
 
 TEST_F(LoadFromDevice, AFailedFetchEndsTheCommand)
