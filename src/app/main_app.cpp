@@ -2,8 +2,8 @@
 // hands control to the event loop.
 #include "app/conflict_check.h"
 #include "app/target_address.h"
-#include "deploy/tool_runner.h"
 #include "platform/platform.h"
+#include "ui/desktop_tool_runner.h"
 #include "ui/main_frame.h"
 
 #include <wx/app.h>
@@ -21,7 +21,7 @@ public:
 
 private:
     std::unique_ptr<Platform> platform = CreatePlatform();
-    WxToolRunner tools;
+    DesktopToolRunner tools;
     // A fatal start-up ends the process with status 0, as it always has.
     bool endAfterInit = false;
 };

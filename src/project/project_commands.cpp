@@ -19,6 +19,13 @@ FileChoiceForm ProjectFileForm(const AppContext& ctx, const char* title, bool sa
     return form;
 }
 
+// The desktop's file dialog on Linux does not add the filter's extension to a typed name; without
+// it the project would not show up in Load from Disk.
+wxString WithProjectExtension(const wxString& path)
+{
+    return path.Lower().EndsWith(".prj") ? path : path + ".prj";
+}
+
 void MarkEdited(AppContext& ctx)
 {
     ctx.project.projectSaved = 0;
@@ -49,10 +56,11 @@ void NewProject(AppContext& ctx)
     FileChoiceForm form = ProjectFileForm(ctx, "Create New Project", true);
     if (!ctx.ui.ChooseFile(form) || form.path.empty())
         return;
+    const wxString path = WithProjectExtension(form.path);
     LoadDefaultProject(ctx.project);
-    ctx.project.projectFilePath.Assign(form.path);
+    ctx.project.projectFilePath.Assign(path);
     // The file and its map exist from the first moment.
-    SaveProject(ctx, form.path);
+    SaveProject(ctx, path);
     ctx.ui.RefreshPanel();
 }
 
@@ -119,8 +127,9 @@ void SaveProjectAs(AppContext& ctx)
     FileChoiceForm form = ProjectFileForm(ctx, "Save Project As ...", true);
     if (!ctx.ui.ChooseFile(form) || form.path.empty())
         return;
-    ctx.project.projectFilePath.Assign(form.path);
-    SaveProject(ctx, form.path);
+    const wxString path = WithProjectExtension(form.path);
+    ctx.project.projectFilePath.Assign(path);
+    SaveProject(ctx, path);
     ctx.ui.RefreshPanel();
 }
 

@@ -7,6 +7,7 @@
 #include "project/device_editing.h"
 #include "project/project_commands.h"
 #include "project/panel_view.h"
+#include "ui/desktop_tool_runner.h"
 
 // Windows takes the icon from the program's resources (tgxconfig.rc), with its small size too.
 #ifndef wxHAS_IMAGES_IN_RESOURCES
@@ -91,8 +92,22 @@ void MainFrame::WriteCommandList(const PanelView& view)
         m_listCommands->SetSelection(view.commandSelection);
 }
 
+void MainFrame::TakePendingRtuAddress()
+{
+    if (!m_textRtuAddress->IsModified())
+        return;
+    SetRtuAddress(context, m_textRtuAddress->GetValue());
+    m_textRtuAddress->DiscardEdits();
+}
+
 void MainFrame::OnCloseFrame(wxCloseEvent& event)
 {
+    // No close while a tool runs: the workflow that started it is still on the stack.
+    if (event.CanVeto() && ToolRunInProgress()) {
+        event.Veto();
+        return;
+    }
+    TakePendingRtuAddress();
     if (event.CanVeto() && !ConfirmDiscardUnsaved(context)) {
         event.Veto();
         return;
@@ -103,11 +118,11 @@ void MainFrame::OnCloseFrame(wxCloseEvent& event)
 void MainFrame::OnExit(wxCommandEvent&) { Close(); }
 void MainFrame::OnNew(wxCommandEvent&) { NewProject(context); }
 void MainFrame::OnLoadFromDisk(wxCommandEvent&) { LoadProjectFromDisk(context); }
-void MainFrame::OnSave(wxCommandEvent&) { SaveProjectCommand(context); }
-void MainFrame::OnSaveAs(wxCommandEvent&) { SaveProjectAs(context); }
-void MainFrame::OnCloseProject(wxCommandEvent&) { CloseProject(context); }
+void MainFrame::OnSave(wxCommandEvent&) { TakePendingRtuAddress(); SaveProjectCommand(context); }
+void MainFrame::OnSaveAs(wxCommandEvent&) { TakePendingRtuAddress(); SaveProjectAs(context); }
+void MainFrame::OnCloseProject(wxCommandEvent&) { TakePendingRtuAddress(); CloseProject(context); }
 void MainFrame::OnLoadFromTG7(wxCommandEvent&) { LoadProjectFromDevice(context); }
-void MainFrame::OnConfigure(wxCommandEvent&) { ConfigureDevice(context); }
+void MainFrame::OnConfigure(wxCommandEvent&) { TakePendingRtuAddress(); ConfigureDevice(context); }
 
 void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
 void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
@@ -128,6 +143,7 @@ void MainFrame::OnSecondaryMaster(wxCommandEvent&) { SetPrimaryMaster(context, f
 void MainFrame::OnRtuAddressKillFocus(wxFocusEvent& event)
 {
     SetRtuAddress(context, m_textRtuAddress->GetValue());
+    m_textRtuAddress->DiscardEdits();
     event.Skip();
 }
 

@@ -82,6 +82,9 @@ protected:
 
 private:
     void WriteCommandList(const struct PanelView& view);
+    // Takes RTU address text typed since the entry last gave it to the project, as leaving the
+    // entry does: a menu command or its shortcut runs while the entry still has the focus.
+    void TakePendingRtuAddress();
 
     WxUserInterface ui;
     AppContext context;

@@ -1,0 +1,36 @@
+#include "ui/desktop_tool_runner.h"
+
+#include <wx/utils.h>
+
+namespace {
+
+int runsInProgress = 0;
+
+// Disables every window for the length of a run and counts it.
+class RunScope {
+public:
+    RunScope() { ++runsInProgress; }
+    ~RunScope() { --runsInProgress; }
+
+private:
+    wxWindowDisabler disabler;
+};
+
+}  // namespace
+
+bool ToolRunInProgress()
+{
+    return runsInProgress > 0;
+}
+
+long DesktopToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
+{
+    RunScope scope;
+    return WxToolRunner::RunCaptured(command, output);
+}
+
+long DesktopToolRunner::RunBlockingHidden(const wxString& command)
+{
+    RunScope scope;
+    return wxExecute(command, wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE | wxEXEC_NODISABLE);
+}
