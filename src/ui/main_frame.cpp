@@ -14,6 +14,10 @@
 #include "ui/icon_program.xpm"
 #endif
 
+#include <wx/sizer.h>
+
+#include <algorithm>
+
 MainFrame* theMainFrame = nullptr;
 
 MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scriptedDialogs)
@@ -76,8 +80,24 @@ void MainFrame::RefreshPanelFromProject()
     if (view.deviceSelection >= 0)
         m_listDevices->SetSelection(view.deviceSelection);
     WriteCommandList(view);
+    if (!m_mainPanel->IsShown())
+        MeasurePanelAgain();
     m_mainPanel->Show();
     Layout();
+}
+
+void MainFrame::MeasurePanelAgain()
+{
+    // The panel was laid out before its controls had their theme, which makes GTK's text entries
+    // taller than first measured; an entry squeezed below its minimum makes GTK complain.
+    for (wxWindow* control : m_mainPanel->GetChildren())
+        control->InvalidateBestSize();
+    m_mainPanel->InvalidateBestSize();
+    // Grown rather than squeezed where the desktop's fonts need more room than the usual size.
+    const wxSize needed = GetSizer()->GetMinSize();
+    const wxSize client = GetClientSize();
+    if (client.y < needed.y || client.x < needed.x)
+        SetClientSize(std::max(client.x, needed.x), std::max(client.y, needed.y));
 }
 
 void MainFrame::RefreshCommandList()

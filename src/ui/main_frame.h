@@ -85,6 +85,7 @@ private:
     // Takes RTU address text typed since the entry last gave it to the project, as leaving the
     // entry does: a menu command or its shortcut runs while the entry still has the focus.
     void TakePendingRtuAddress();
+    void MeasurePanelAgain();
 
     WxUserInterface ui;
     AppContext context;
