@@ -171,11 +171,15 @@ int ExportMap(Session& s, const wxString& path, const wxString& shownPath, std::
     return kFailure;
 }
 
-int Check(Session& s, std::ostream& out)
+int Check(Session& s, const wxString& path, const wxString& shownPath, std::ostream& out)
 {
-    const wxArrayString problems = CheckProject(s.project, s.deviceTypes);
-    for (const wxString& problem : problems)
-        WriteLine(out, problem);
+    wxArrayString lines;
+    ReadTextLines(path, lines);
+    // The map was read from the older ".mb" file when there is no ".mbd".
+    const wxString shownMap = MapFilePath(shownPath, wxFileExists(MapFilePath(path)) ? "mbd" : "mb");
+    const std::vector<ProjectProblem> problems = CheckProject(s.project, s.deviceTypes, lines);
+    for (const ProjectProblem& problem : problems)
+        WriteLine(out, FormatProblem(problem, shownPath, shownMap));
     return problems.empty() ? kSuccess : kFailure;
 }
 
@@ -213,7 +217,7 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
                                   : Resave(*session, secondPath, request.arguments[1], err);
     case CliCommand::Generate: return Generate(*session, request, err);
     case CliCommand::ExportMap: return ExportMap(*session, secondPath, request.arguments[1], err);
-    case CliCommand::Check: return Check(*session, out);
+    case CliCommand::Check: return Check(*session, projectPath, request.arguments[0], out);
     case CliCommand::Configure: return Configure(*session, request, err);
     }
     return kFailure;

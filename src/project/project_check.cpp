@@ -2,10 +2,14 @@
 
 #include "app/device_type_table.h"
 #include "deploy/configure_device.h"
+#include "project/number_text.h"
 #include "project/project.h"
+#include "project/project_file.h"
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <set>
 
 namespace {
 
@@ -15,18 +19,193 @@ constexpr int kMaxCommandNumber = 255;
 constexpr size_t kLongAddressLength = 10;
 constexpr int kMapFields = 7;
 
-void CheckTagName(const Project& project, wxArrayString& problems)
+// Where the reader found each value: the last line of a key wins, as it does in the reader.
+struct Locations {
+    std::map<wxString, int> settings;
+    int forDevice[MAX_DEVICES] = {};
+    std::map<wxString, int> device[MAX_DEVICES];
+    int hartCmd[MAX_DEVICES][MAX_COMMANDS] = {};
+    int cmdArgs[MAX_DEVICES][MAX_COMMANDS] = {};
+
+    int Setting(const char* key) const
+    {
+        const auto it = settings.find(key);
+        return it == settings.end() ? 0 : it->second;
+    }
+    int Device(int d, const char* key) const
+    {
+        const auto it = device[d].find(key);
+        return it == device[d].end() ? forDevice[d] : it->second;
+    }
+};
+
+class Checker {
+public:
+    Checker(const Project& project, const DeviceTypeTable& deviceTypes)
+        : project(project), deviceTypes(deviceTypes)
+    {
+    }
+
+    // Walks the lines as the reader does, noting where each value came from and what the reader
+    // passes over. False when the file is no project file at all.
+    bool ScanFile(const wxArrayString& lines);
+    void CheckValues();
+    std::vector<ProjectProblem> problems;
+
+private:
+    void Add(int line, const wxString& text) { problems.push_back({false, line, text}); }
+    void ScanNumbers(int line, const wxString& key, const wxString& value);
+    void ScanDeviceLine(int line, const wxString& key);
+    void CheckTagName();
+    void CheckPorts();
+    void CheckDevices();
+    void CheckCommands(int d);
+    void CheckMapLines();
+
+    const Project& project;
+    const DeviceTypeTable& deviceTypes;
+    Locations where;
+    int currentDevice = -1;
+    int commandCount[MAX_DEVICES] = {};
+    int lastCommand = -1;
+    bool commandInBlock = false;
+};
+
+bool IsBinary(const wxString& line)
 {
+    return std::any_of(line.begin(), line.end(), [](wxUniChar c) { return c < 0x20 && c != '\t'; });
+}
+
+bool Checker::ScanFile(const wxArrayString& lines)
+{
+    bool known = false;
+    int deviceCountLine = 0;
+    std::set<int> blocks;
+    for (size_t i = 0; i < lines.size(); ++i) {
+        const int line = static_cast<int>(i) + 1;
+        if (IsBinary(lines[i])) {
+            problems = {{false, line, "not a project file: binary content"}};
+            return false;
+        }
+        wxString key;
+        const ProjectValueKind kind = ProjectLineKey(lines[i], key);
+        if (kind == ProjectValueKind::None)
+            continue;
+        known = true;
+        const wxString value = lines[i].Mid(key.length());
+        const wxString name = key.BeforeLast(':');
+        int number = 0;
+        if (key == "DEVICE COUNT:")
+            deviceCountLine = line;
+        if (kind == ProjectValueKind::Number && !ParseWholeInt(value, number)) {
+            Add(line, wxString::Format("%s value \"%s\" is not a whole number: it is not loaded", name, value));
+            continue;
+        }
+        if (key == "DEVICE COUNT:") {
+            continue;
+        } else if (key == "FOR DEVICE:") {
+            currentDevice = number;
+            commandInBlock = false;
+            if (number < 0 || number >= MAX_DEVICES) {
+                Add(line, wxString::Format("device %d is outside 0..15: its lines are ignored", number));
+                continue;
+            }
+            blocks.insert(number);
+            where.forDevice[number] = line;
+            commandCount[number] = 0;
+        } else if (kind == ProjectValueKind::Numbers) {
+            ScanNumbers(line, key, value);
+        } else {
+            ScanDeviceLine(line, key);
+        }
+    }
+    if (!known) {
+        problems = {{false, 1, "not a project file: no line holds a known setting"}};
+        return false;
+    }
+    if (deviceCountLine == 0)
+        Add(0, wxString::Format("DEVICE COUNT is missing: none of the %d device blocks is loaded",
+                                static_cast<int>(blocks.size())));
+    else if (project.deviceCount != static_cast<int>(blocks.size()))
+        Add(deviceCountLine, wxString::Format("DEVICE COUNT %d does not match the %d device block%s",
+                                              project.deviceCount, static_cast<int>(blocks.size()),
+                                              blocks.size() == 1 ? "" : "s"));
+    return true;
+}
+
+// The device keys apply to the current device; every other key is a setting of the project.
+void Checker::ScanDeviceLine(int line, const wxString& key)
+{
+    static const std::set<wxString> deviceKeys = {"DEVICE NAME:", "TYPE:", "POLL ADDRESS:", "LONG ADDRESS:", "ENABLE:"};
+    if (deviceKeys.count(key) == 0) {
+        where.settings[key] = line;
+        return;
+    }
+    if (currentDevice == -1)
+        Add(line, key.BeforeLast(':') + " before any FOR DEVICE line: ignored");
+    else if (currentDevice >= 0 && currentDevice < MAX_DEVICES)
+        where.device[currentDevice][key] = line;
+}
+
+void Checker::ScanNumbers(int line, const wxString& key, const wxString& value)
+{
+    const wxString name = key.BeforeLast(':');
+    if (currentDevice < 0 || currentDevice >= MAX_DEVICES) {
+        if (currentDevice == -1)
+            Add(line, name + " before any FOR DEVICE line: ignored");
+        return;
+    }
+    const int d = currentDevice;
+    const wxArrayString tokens = ProjectValueTokens(value);
+    int number = 0;
+    for (const wxString& token : tokens)
+        if (!ParseWholeInt(token, number))
+            Add(line, wxString::Format("%s value \"%s\" is not a whole number: %s", name, token,
+                                       key == "CMDARGS:" ? "0 is loaded" : "it is not loaded"));
+    if (key == "CMDARGS:") {
+        if (!commandInBlock)
+            Add(line, "CMDARGS before any HARTCMD of its device: ignored");
+        else if (lastCommand >= 0)
+            where.cmdArgs[d][lastCommand] = line;
+        return;
+    }
+    if (commandCount[d] >= MAX_COMMANDS) {
+        if (commandCount[d]++ == MAX_COMMANDS)
+            Add(line, wxString::Format("device %d has more than 50 commands: this and later ones are ignored", d));
+        lastCommand = -1;
+        commandInBlock = true;
+        return;
+    }
+    if (tokens.size() != 3 && tokens.size() != 4) {
+        Add(line, wxString::Format("HARTCMD with %d values instead of 4: ignored", static_cast<int>(tokens.size())));
+        return;
+    }
+    lastCommand = commandCount[d]++;
+    commandInBlock = true;
+    where.hartCmd[d][lastCommand] = line;
+}
+
+void Checker::CheckValues()
+{
+    CheckTagName();
+    CheckPorts();
+    CheckDevices();
+    CheckMapLines();
+}
+
+void Checker::CheckTagName()
+{
+    const int line = where.Setting("TGX TAGNAME:");
     const wxString tag = GetText(project.tagName);
     const wxString allowed = kTagCharacters;
     if (std::any_of(tag.begin(), tag.end(), [&](wxUniChar c) { return allowed.Find(c) == wxNOT_FOUND; }))
-        problems.Add(wxString::Format("tag name \"%s\" has characters other than letters and digits", tag));
+        Add(line, wxString::Format("tag name \"%s\" has characters other than letters and digits", tag));
     if (tag.length() > kGatewayTagLength)
-        problems.Add(wxString::Format("tag name \"%s\" is longer than %d characters: Configure keeps \"%s\"", tag,
-            static_cast<int>(kGatewayTagLength), tag.Left(kGatewayTagLength)));
+        Add(line, wxString::Format("tag name \"%s\" is longer than %d characters: Configure keeps \"%s\"", tag,
+                                   static_cast<int>(kGatewayTagLength), tag.Left(kGatewayTagLength)));
 }
 
-void CheckPorts(const Project& project, wxArrayString& problems)
+void Checker::CheckPorts()
 {
     const std::pair<const char*, int> ports[] = {
         {"VCP PORT NUMBER", project.vcpPort},
@@ -38,11 +217,12 @@ void CheckPorts(const Project& project, wxArrayString& problems)
     };
     for (size_t i = 0; i < std::size(ports); ++i) {
         const auto& [name, port] = ports[i];
+        const int line = where.Setting((wxString(name) + ":").c_str());
         if (port < 1 || port > 65535)
-            problems.Add(wxString::Format("%s %d is outside 1..65535", name, port));
+            Add(line, wxString::Format("%s %d is outside 1..65535", name, port));
         for (size_t j = 0; j < i; ++j)
             if (ports[j].second == port) {
-                problems.Add(wxString::Format("%s %d is already used by %s", name, port, ports[j].first));
+                Add(line, wxString::Format("%s %d is already used by %s", name, port, ports[j].first));
                 break;
             }
     }
@@ -56,65 +236,83 @@ bool IsKnownType(const DeviceTypeTable& deviceTypes, const wxString& type)
     return false;
 }
 
-void CheckCommands(const ProjectDevice& device, int d, wxArrayString& problems)
-{
-    for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
-        const HartCommandEntry& command = device.commands[c];
-        const wxString where = wxString::Format("device %d command %d: ", d, c);
-        if (command.commandNumber < 0 || command.commandNumber > kMaxCommandNumber)
-            problems.Add(where + wxString::Format("command number %d is outside 0..255", command.commandNumber));
-        if (command.cycleInterval < 1)
-            problems.Add(where + wxString::Format("cycle interval %d is below 1", command.cycleInterval));
-        if (command.argCount > MAX_COMMAND_ARGS)
-            problems.Add(where + wxString::Format("%d arguments: only the first 8 are kept", command.argCount));
-    }
-}
-
-void CheckDevices(const Project& project, const DeviceTypeTable& deviceTypes, wxArrayString& problems)
+void Checker::CheckDevices()
 {
     // The multiplexer reaches its devices by long address; the poll address is not used there.
     const bool multiplexer = IsMultiplexerMode(project);
     const int count = std::clamp(project.deviceCount, 0, MAX_DEVICES);
     for (int d = 0; d < count; ++d) {
+        // A device without a block of its own is named by the DEVICE COUNT problem already.
+        if (where.forDevice[d] == 0)
+            continue;
         const ProjectDevice& device = project.devices[d];
-        const wxString where = wxString::Format("device %d: ", d);
+        const wxString who = wxString::Format("device %d: ", d);
+        const int pollLine = where.Device(d, "POLL ADDRESS:");
         if (!multiplexer) {
             if (device.pollAddress < 0 || device.pollAddress > kMaxPollAddress)
-                problems.Add(where + wxString::Format("poll address %d is outside 0..63", device.pollAddress));
+                Add(pollLine, who + wxString::Format("poll address %d is outside 0..63", device.pollAddress));
             for (int other = 0; other < d; ++other)
                 if (project.devices[other].pollAddress == device.pollAddress) {
-                    problems.Add(where
-                        + wxString::Format("poll address %d is already used by device %d", device.pollAddress, other));
+                    Add(pollLine, who + wxString::Format("poll address %d is already used by device %d",
+                                                         device.pollAddress, other));
                     break;
                 }
         }
         const wxString type = GetText(device.typeName);
         if (!IsKnownType(deviceTypes, type))
-            problems.Add(where + wxString::Format("device type \"%s\" is not in ct.cfg", type));
+            Add(where.Device(d, "TYPE:"), who + wxString::Format("device type \"%s\" is not in ct.cfg", type));
         const wxString longAddress = GetText(device.longAddress);
         if (multiplexer && longAddress.length() != kLongAddressLength)
-            problems.Add(where + wxString::Format("long address \"%s\" is not 10 characters", longAddress));
-        CheckCommands(device, d, problems);
+            Add(where.Device(d, "LONG ADDRESS:"),
+                who + wxString::Format("long address \"%s\" is not 10 characters", longAddress));
+        CheckCommands(d);
     }
 }
 
-void CheckMapLines(const Project& project, wxArrayString& problems)
+void Checker::CheckCommands(int d)
+{
+    const ProjectDevice& device = project.devices[d];
+    for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
+        const HartCommandEntry& command = device.commands[c];
+        const wxString who = wxString::Format("device %d command %d: ", d, c);
+        const int line = where.hartCmd[d][c];
+        if (command.commandNumber < 0 || command.commandNumber > kMaxCommandNumber)
+            Add(line, who + wxString::Format("command number %d is outside 0..255", command.commandNumber));
+        if (command.cycleInterval < 1)
+            Add(line, who + wxString::Format("cycle interval %d is below 1", command.cycleInterval));
+        if (command.argCount > MAX_COMMAND_ARGS)
+            Add(where.cmdArgs[d][c], who + wxString::Format("%d arguments: only the first 8 are kept", command.argCount));
+    }
+}
+
+void Checker::CheckMapLines()
 {
     for (size_t i = 0; i < project.modbusMapLines.size(); ++i) {
         const int fields = static_cast<int>(project.modbusMapLines[i].Freq(',')) + 1;
         if (fields != kMapFields)
-            problems.Add(wxString::Format("map line %d: %d fields instead of 7", static_cast<int>(i) + 1, fields));
+            problems.push_back({true, static_cast<int>(i) + 1,
+                                wxString::Format("map line %d: %d fields instead of 7", static_cast<int>(i) + 1, fields)});
     }
 }
 
-} // namespace
+}  // namespace
 
-wxArrayString CheckProject(const Project& project, const DeviceTypeTable& deviceTypes)
+std::vector<ProjectProblem> CheckProject(const Project& project, const DeviceTypeTable& deviceTypes,
+                                         const wxArrayString& fileLines)
 {
-    wxArrayString problems;
-    CheckTagName(project, problems);
-    CheckPorts(project, problems);
-    CheckDevices(project, deviceTypes, problems);
-    CheckMapLines(project, problems);
-    return problems;
+    Checker checker(project, deviceTypes);
+    if (checker.ScanFile(fileLines))
+        checker.CheckValues();
+    std::stable_sort(checker.problems.begin(), checker.problems.end(), [](const auto& a, const auto& b) {
+        return std::make_pair(a.inMapFile, a.line) < std::make_pair(b.inMapFile, b.line);
+    });
+    return checker.problems;
+}
+
+wxString FormatProblem(const ProjectProblem& problem, const wxString& projectFile, const wxString& mapFile)
+{
+    const wxString& file = problem.inMapFile ? mapFile : projectFile;
+    if (problem.line == 0)
+        return file + ": " + problem.text;
+    return wxString::Format("%s:%d: %s", file, problem.line, problem.text);
 }

@@ -1,13 +1,27 @@
-// What the desktop tool accepts without a word but a gateway will not run as meant: values that
-// came from a hand-edited or foreign project file, which the dialogs would have refused.
+// What the desktop tool accepts without a word but a gateway will not run as meant: damage in a
+// hand-edited or foreign project file that loading passes over, and values the dialogs would
+// have refused.
 #pragma once
 
 #include <wx/arrstr.h>
+#include <wx/string.h>
+
+#include <vector>
 
 struct DeviceTypeTable;
 struct Project;
 
-// One line per problem, in the order tag name, port numbers, devices (each followed by its
-// commands), map lines. Devices and commands are numbered from 0, as in the project file and the
-// device list; map lines from 1, as in the map file. Empty when nothing was found.
-wxArrayString CheckProject(const Project& project, const DeviceTypeTable& deviceTypes);
+struct ProjectProblem {
+    bool inMapFile = false;  // a line of the map file, else of the project file
+    int line = 0;            // from 1; 0 when the file holds no line for it (a default value)
+    wxString text;
+};
+
+// The problems of a project file, in the order of their lines (those without a line first, the
+// map file's last). `fileLines` are the file's lines as read; `project` and its map lines what
+// loading them gave. Devices and commands are numbered from 0, as in the file and the lists.
+std::vector<ProjectProblem> CheckProject(const Project& project, const DeviceTypeTable& deviceTypes,
+                                         const wxArrayString& fileLines);
+
+// One problem as compilers print theirs: "FILE:LINE: text", or "FILE: text" without a line.
+wxString FormatProblem(const ProjectProblem& problem, const wxString& projectFile, const wxString& mapFile);

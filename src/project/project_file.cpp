@@ -139,6 +139,13 @@ const std::pair<const char*, Key> kKeys[] = {
     {"TMS ENABLE:", Key::TmsEnable},
 };
 
+const std::pair<const char*, Key>* FindKey(const wxString& line)
+{
+    const auto key = std::find_if(std::begin(kKeys), std::end(kKeys),
+                                  [&](const auto& entry) { return line.StartsWith(entry.first); });
+    return key == std::end(kKeys) ? nullptr : key;
+}
+
 wxArrayString Tokens(const wxString& value)
 {
     return wxStringTokenize(value, " \t\r\n", wxTOKEN_STRTOK);
@@ -209,9 +216,8 @@ void ReadCommandArgs(Project& project, const wxString& value, const ProjectLineR
 
 bool ParseProjectLine(Project& p, const wxString& line, ProjectLineReader& reader)
 {
-    const auto key = std::find_if(std::begin(kKeys), std::end(kKeys),
-                                  [&](const auto& entry) { return line.StartsWith(entry.first); });
-    if (key == std::end(kKeys))
+    const auto* key = FindKey(line);
+    if (key == nullptr)
         return true;
     const wxString value = line.Mid(wxStrlen(key->first));
     const int d = reader.currentDevice;
@@ -288,4 +294,27 @@ bool ParseProjectLine(Project& p, const wxString& line, ProjectLineReader& reade
     case Key::TmsEnable: SetNumber(p.timeServerEnable, value); break;
     }
     return true;
+}
+
+ProjectValueKind ProjectLineKey(const wxString& line, wxString& key)
+{
+    const auto* found = FindKey(line);
+    if (found == nullptr)
+        return ProjectValueKind::None;
+    key = found->first;
+    switch (found->second) {
+    case Key::PollingDeferralMode: case Key::SerialPortFunction: case Key::SerialPortType:
+    case Key::SerialPortParity: case Key::TagName: case Key::Mode: case Key::RemoteIp: case Key::DeviceName:
+    case Key::Type: case Key::LongAddress: case Key::TmsAddress:
+        return ProjectValueKind::Text;
+    case Key::HartCmd: case Key::CmdArgs:
+        return ProjectValueKind::Numbers;
+    default:
+        return ProjectValueKind::Number;
+    }
+}
+
+wxArrayString ProjectValueTokens(const wxString& value)
+{
+    return Tokens(value);
 }

@@ -29,6 +29,13 @@ struct ProjectLineReader {
 // Applies one line to the project. Unknown and malformed lines change nothing.
 bool ParseProjectLine(Project& project, const wxString& line, ProjectLineReader& reader);
 
+// How the reader takes a line: by the key it starts with (matched as the reader matches keys,
+// `key` receives it with its colon) and the kind of its value. None: the reader ignores the line.
+enum class ProjectValueKind { None, Text, Number, Numbers };
+ProjectValueKind ProjectLineKey(const wxString& line, wxString& key);
+// The numbers of a HARTCMD or CMDARGS value, split as the reader splits them.
+wxArrayString ProjectValueTokens(const wxString& value);
+
 // The map file of a project file: extension "mbd", or "mb" for older projects.
 wxString MapFilePath(const wxString& projectPath, const char* extension = "mbd");
 

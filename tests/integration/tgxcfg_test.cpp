@@ -330,7 +330,7 @@ TEST_F(Tgxcfg, ExportMapChoosesTheLayoutByTheFileName)
     EXPECT_EQ(run.err, Lines({"tgxcfg: cannot write no/such/folder/map.csv"}));
 }
 
-TEST_F(Tgxcfg, CheckReportsOneLineForEachProblem)
+TEST_F(Tgxcfg, CheckReportsEachProblemWithItsLine)
 {
     Write("faulty.prj",
         {"TGX TAGNAME:Line 4 North", "MODE:GATEWAY", "VCP PORT NUMBER:0", "MTCP PORT NUMBER:503", "DEVICE COUNT:3",
@@ -338,6 +338,13 @@ TEST_F(Tgxcfg, CheckReportsOneLineForEachProblem)
             "HARTCMD:9 1 1 0", "CMDARGS:1 2 3 4 5 6 7 8 9", "FOR DEVICE:1", "TYPE:Unknown3000", "POLL ADDRESS:2",
             "FOR DEVICE:2", "TYPE:Generic", "POLL ADDRESS:2"});
     Write("faulty.mbd", {"HOLDING,40001,ABCD,FLOAT,FT101_PV,Flow,2", "HOLDING,40003,ABCD,FLOAT,PV,2"});
+    Write("damaged.prj",
+        {"SERIAL PORT BAUDRATE:19200 ", "MODBUS RTU ADDRESS:abc", "FOR DEVICE:0", "TYPE:Generic", "CMDARGS:4",
+            "HARTCMD:3 1 1 0", "CMDARGS:1 x", "FOR DEVICE:16", "HARTCMD:1 1"});
+    std::vector<wxString> tooMany = {"DEVICE COUNT:1", "FOR DEVICE:0", "TYPE:Generic"};
+    for (int c = 0; c < 52; ++c)
+        tooMany.push_back(wxString::Format("HARTCMD:%d 1 1 0", c));
+    Write("many.prj", tooMany);
     Write("limits.prj",
         {"TGX TAGNAME:Line4Nth", "VCP PORT NUMBER:1", "HARTIPTCP PORT NUMBER:65535", "DEVICE COUNT:2", "FOR DEVICE:0",
             "TYPE:Generic", "POLL ADDRESS:63", "HARTCMD:255 1 1 0", "CMDARGS:1 2 3 4 5 6 7 8", "FOR DEVICE:1",
@@ -346,26 +353,41 @@ TEST_F(Tgxcfg, CheckReportsOneLineForEachProblem)
     Write("mux.prj",
         {"TGX TAGNAME:MUX1", "MODE:MULTIPLEXOR", "DEVICE COUNT:2", "FOR DEVICE:0", "TYPE:KFD2", "POLL ADDRESS:99",
             "LONG ADDRESS:0000000000", "FOR DEVICE:1", "TYPE:Generic", "POLL ADDRESS:99", "LONG ADDRESS:12345"});
+    Write("words.prj", {"Dear engineer,", "the gateway is in the cabinet."});
+    Write("binary.prj", {wxString("PK\x03\x04MODE:GATEWAY")});
     const struct {
         const char* project;
         wxArrayString problems;
     } cases[] = {
         {"faulty.prj",
             Lines({
-                "tag name \"Line_4_North\" has characters other than letters and digits",
-                "tag name \"Line_4_North\" is longer than 8 characters: Configure keeps \"Line_4_N\"",
-                "VCP PORT NUMBER 0 is outside 1..65535",
-                "INTERCOM PORT NUMBER 503 is already used by MTCP PORT NUMBER",
-                "device 0: poll address 64 is outside 0..63",
-                "device 0 command 0: command number 256 is outside 0..255",
-                "device 0 command 1: cycle interval 0 is below 1",
-                "device 0 command 2: 9 arguments: only the first 8 are kept",
-                "device 1: device type \"Unknown3000\" is not in ct.cfg",
-                "device 2: poll address 2 is already used by device 1",
-                "map line 2: 6 fields instead of 7",
+                "faulty.prj: INTERCOM PORT NUMBER 503 is already used by MTCP PORT NUMBER",
+                "faulty.prj:1: tag name \"Line_4_North\" has characters other than letters and digits",
+                "faulty.prj:1: tag name \"Line_4_North\" is longer than 8 characters: Configure keeps \"Line_4_N\"",
+                "faulty.prj:3: VCP PORT NUMBER 0 is outside 1..65535",
+                "faulty.prj:8: device 0: poll address 64 is outside 0..63",
+                "faulty.prj:10: device 0 command 0: command number 256 is outside 0..255",
+                "faulty.prj:11: device 0 command 1: cycle interval 0 is below 1",
+                "faulty.prj:13: device 0 command 2: 9 arguments: only the first 8 are kept",
+                "faulty.prj:15: device 1: device type \"Unknown3000\" is not in ct.cfg",
+                "faulty.prj:19: device 2: poll address 2 is already used by device 1",
+                "faulty.mbd:2: map line 2: 6 fields instead of 7",
             })},
+        // Loading passes over all of these without a word.
+        {"damaged.prj",
+            Lines({
+                "damaged.prj: DEVICE COUNT is missing: none of the 1 device blocks is loaded",
+                "damaged.prj:1: SERIAL PORT BAUDRATE value \"19200 \" is not a whole number: it is not loaded",
+                "damaged.prj:2: MODBUS RTU ADDRESS value \"abc\" is not a whole number: it is not loaded",
+                "damaged.prj:5: CMDARGS before any HARTCMD of its device: ignored",
+                "damaged.prj:7: CMDARGS value \"x\" is not a whole number: 0 is loaded",
+                "damaged.prj:8: device 16 is outside 0..15: its lines are ignored",
+            })},
+        {"many.prj", Lines({"many.prj:54: device 0 has more than 50 commands: this and later ones are ignored"})},
         // The multiplexer reaches its devices by long address: poll addresses do not matter there.
-        {"mux.prj", Lines({"device 1: long address \"12345\" is not 10 characters"})},
+        {"mux.prj", Lines({"mux.prj:11: device 1: long address \"12345\" is not 10 characters"})},
+        {"words.prj", Lines({"words.prj:1: not a project file: no line holds a known setting"})},
+        {"binary.prj", Lines({"binary.prj:1: not a project file: binary content"})},
         {"limits.prj", wxArrayString()},
         {"boiler_house.prj", wxArrayString()},
         {"tank_farm_mux.prj", wxArrayString()},
