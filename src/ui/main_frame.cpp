@@ -68,6 +68,7 @@ void MainFrame::RefreshPanelFromProject()
     if (view.deferralFull)
         m_radioDeferralFull->SetValue(true);
     m_textRtuAddress->ChangeValue(view.rtuAddress);
+    rtuAddressTaken = view.rtuAddress;
     m_checkSwapBytes->SetValue(view.swapBytes);
     m_checkSwapWords->SetValue(view.swapWords);
     m_checkSwapLongs->SetValue(view.swapLongs);
@@ -80,16 +81,18 @@ void MainFrame::RefreshPanelFromProject()
     if (view.deviceSelection >= 0)
         m_listDevices->SetSelection(view.deviceSelection);
     WriteCommandList(view);
-    if (!m_mainPanel->IsShown())
-        MeasurePanelAgain();
+    const bool wasHidden = !m_mainPanel->IsShown();
     m_mainPanel->Show();
     Layout();
+    if (wasHidden)
+        CallAfter(&MainFrame::MeasurePanelAgain);
 }
 
 void MainFrame::MeasurePanelAgain()
 {
-    // The panel was laid out before its controls had their theme, which makes GTK's text entries
-    // taller than first measured; an entry squeezed below its minimum makes GTK complain.
+    // Until the shown panel has been drawn, GTK cannot measure its controls, so their sizes are
+    // guesses (GTK's text entries are taller than guessed); an entry squeezed below its minimum
+    // makes GTK complain. Measured again once the panel is on screen.
     for (wxWindow* control : m_mainPanel->GetChildren())
         control->InvalidateBestSize();
     m_mainPanel->InvalidateBestSize();
@@ -98,6 +101,8 @@ void MainFrame::MeasurePanelAgain()
     const wxSize client = GetClientSize();
     if (client.y < needed.y || client.x < needed.x)
         SetClientSize(std::max(client.x, needed.x), std::max(client.y, needed.y));
+    Layout();
+    m_mainPanel->Layout();
 }
 
 void MainFrame::RefreshCommandList()
@@ -114,10 +119,14 @@ void MainFrame::WriteCommandList(const PanelView& view)
 
 void MainFrame::TakePendingRtuAddress()
 {
-    if (!m_textRtuAddress->IsModified())
-        return;
-    SetRtuAddress(context, m_textRtuAddress->GetValue());
-    m_textRtuAddress->DiscardEdits();
+    if (m_textRtuAddress->GetValue() != rtuAddressTaken)
+        TakeRtuAddress();
+}
+
+void MainFrame::TakeRtuAddress()
+{
+    rtuAddressTaken = m_textRtuAddress->GetValue();
+    SetRtuAddress(context, rtuAddressTaken);
 }
 
 void MainFrame::OnCloseFrame(wxCloseEvent& event)
@@ -162,8 +171,7 @@ void MainFrame::OnSecondaryMaster(wxCommandEvent&) { SetPrimaryMaster(context, f
 
 void MainFrame::OnRtuAddressKillFocus(wxFocusEvent& event)
 {
-    SetRtuAddress(context, m_textRtuAddress->GetValue());
-    m_textRtuAddress->DiscardEdits();
+    TakeRtuAddress();
     event.Skip();
 }
 

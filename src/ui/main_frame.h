@@ -85,6 +85,8 @@ private:
     // Takes RTU address text typed since the entry last gave it to the project, as leaving the
     // entry does: a menu command or its shortcut runs while the entry still has the focus.
     void TakePendingRtuAddress();
+    void TakeRtuAddress();
+    wxString rtuAddressTaken;  // the entry's text when it last gave or got the project's value
     void MeasurePanelAgain();
 
     WxUserInterface ui;

@@ -5,12 +5,18 @@
 #include "project/cmd_dialog.h"
 #include "project/device_dialog.h"
 #include "project/project_commands.h"
+#include "project/text_file.h"
 #include "ui/main_frame.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 #include <wx/file.h>
 #include <wx/filename.h>
+#include <wx/progdlg.h>
+
+#include <dlfcn.h>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -23,6 +29,14 @@ public:
     wxRadioButton* SerialModbus() { return m_radioSerialModbus; }
     wxChoice* Parity() { return m_choiceParity; }
     wxTextCtrl* ConfigurationName() { return m_textConfigurationName; }
+    wxTextCtrl* RtuAddress() { return m_textRtuAddress; }
+    void Choose(wxMenuItem* ProjectFrame::*item)
+    {
+        wxCommandEvent event(wxEVT_MENU, (this->*item)->GetId());
+        ProcessWindowEvent(event);
+    }
+    using MainFrame::m_menuItemClose;
+    using MainFrame::m_menuItemSave;
 };
 
 class LoadedProject : public ::testing::Test {
@@ -37,6 +51,7 @@ protected:
         frame.reset(new ProjectFrame(*platform, tools, &dialogs));
         ASSERT_TRUE(frame->StartedUp());
         frame->Show();
+        PumpEvents();  // shown and drawn before a project is opened, as a person opens one
         // Open the example through the load command; a copy, since loading rewrites the file.
         folder = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxprj");
         wxRemoveFile(folder);
@@ -146,4 +161,87 @@ TEST(Dialogs, ExchangeTheirFormsBothWays)
     EXPECT_TRUE(read.enabledForPolling && read.writeCommand);
     command.Show();
     EXPECT_TRUE(SaveScreenshot(&command, "command_dialog.png"));
+}
+
+// Typed text is taken by the menu commands while the entry still has the focus.
+TEST_F(LoadedProject, TypedRtuAddressIsTakenBySaveAndClose)
+{
+    frame->RtuAddress()->SetFocus();
+    frame->RtuAddress()->ChangeValue("42");
+    frame->Choose(&ProjectFrame::m_menuItemSave);
+    wxArrayString saved;
+    ASSERT_TRUE(ReadTextLines(project, saved));
+    EXPECT_NE(saved.Index("MODBUS RTU ADDRESS:42"), wxNOT_FOUND);
+
+    frame->RtuAddress()->ChangeValue("427");
+    frame->Choose(&ProjectFrame::m_menuItemClose);
+    EXPECT_EQ(frame->Context().project.modbusRtuAddress, 427);
+    ASSERT_EQ(dialogs.questions.size(), 1u);  // the unsaved mark makes Close ask; No keeps it open
+    EXPECT_EQ(frame->Context().project.projectOpen, 1);
+}
+
+namespace {
+
+// GTK complains when a widget gets less room than its minimum; a scrolled list may.
+struct GtkSizes {
+    struct Size { int width, height; };
+    struct List { void* data; List* next; List* prev; };
+    // From the libraries the toolkit has loaded already.
+    template <class F>
+    static F* Find(const char* name)
+    {
+        for (const char* library : {"libgtk-3.so.0", "libgobject-2.0.so.0"})
+            if (void* handle = dlopen(library, RTLD_LAZY | RTLD_NOLOAD))
+                if (void* symbol = dlsym(handle, name))
+                    return reinterpret_cast<F*>(symbol);
+        return nullptr;
+    }
+    void (*preferred)(void*, Size*, Size*) = Find<void(void*, Size*, Size*)>("gtk_widget_get_preferred_size");
+    int (*width)(void*) = Find<int(void*)>("gtk_widget_get_allocated_width");
+    int (*height)(void*) = Find<int(void*)>("gtk_widget_get_allocated_height");
+    List* (*children)(void*) = Find<List*(void*)>("gtk_container_get_children");
+    unsigned long (*containerType)() = Find<unsigned long()>("gtk_container_get_type");
+    unsigned long (*scrollableType)() = Find<unsigned long()>("gtk_scrollable_get_type");
+    int (*isA)(void*, unsigned long) = Find<int(void*, unsigned long)>("g_type_check_instance_is_a");
+    const char* (*typeName)(void*) = Find<const char*(void*)>("g_type_name_from_instance");
+
+    void Squeezed(void* widget, std::vector<std::string>& found) const
+    {
+        Size min{}, natural{};
+        preferred(widget, &min, &natural);
+        if (!isA(widget, scrollableType()) && (width(widget) < min.width || height(widget) < min.height))
+            found.push_back(typeName(widget));
+        if (!isA(widget, containerType()))
+            return;
+        for (List* child = children(widget); child != nullptr; child = child->next)
+            Squeezed(child->data, found);
+    }
+};
+
+}  // namespace
+
+TEST_F(LoadedProject, NoControlIsSqueezedBelowItsMinimum)
+{
+    PumpEvents(300);
+    const GtkSizes gtk;
+    ASSERT_TRUE(gtk.preferred && gtk.isA && gtk.children);
+    std::vector<std::string> squeezed;
+    gtk.Squeezed(frame->GetHandle(), squeezed);
+    EXPECT_TRUE(squeezed.empty()) << squeezed.front();
+}
+
+// The step text is on screen whole before the step's tool runs.
+TEST_F(LoadedProject, ProgressDialogShowsItsLongestTextWhole)
+{
+    WxUserInterface real(*frame, nullptr);
+    real.BeginProgress("Device configuration", "Configuring");
+    const wxString step = "Checking firmware and templates versions, and a good deal more than that";
+    real.PulseProgress(step);
+    wxProgressDialog* dialog = nullptr;
+    for (wxWindow* window : wxTopLevelWindows)
+        if (auto* found = dynamic_cast<wxProgressDialog*>(window))
+            dialog = found;
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_GT(dialog->GetClientSize().x, dialog->GetTextExtent(step).x);
+    real.EndProgress();
 }
