@@ -11,70 +11,37 @@
 
 TEST(TargetAddress, PromptSplitsAtTheLastColon)
 {
-    struct Case {
+    const struct {
         const char* typed;
         const char* host;
-        const char* entry;
         const char* port;  // nullptr: TT_SSH_PORT untouched
+    } cases[] = {
+        {"10.0.0.7:2222", "10.0.0.7", "2222"},
+        {"gateway.local", "gateway.local", nullptr},
+        {"10.0.0.7:", "10.0.0.7", ""},
+        {":2222", ":2222", nullptr},
+        {"fe80::1:22", "fe80::1", "22"},
+        {"host:abc", "host", "abc"},  // not checked
+        {nullptr, "kept", nullptr},   // cancelled
     };
-    const Case cases[] = {
-        {"10.0.0.7:2222", "10.0.0.7", "10.0.0.7:2222", "2222"},
-        {"gateway.local", "gateway.local", "gateway.local", nullptr},
-        {"10.0.0.7:", "10.0.0.7", "10.0.0.7:", ""},
-        {":2222", ":2222", ":2222", nullptr},
-        {"fe80::1:22", "fe80::1", "fe80::1:22", "22"},
-        {"host:abc", "host", "host:abc", "abc"},  // not checked
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed ? c.typed : "cancelled");
         TestContext t;
         t.target.targetEntry = "192.168.1.250";
-        t.ui.texts = {wxString(c.typed)};
-        ASSERT_TRUE(PromptTargetAddress(t.ctx));
+        t.target.targetHost = "kept";
+        t.ui.texts = {c.typed ? std::optional<wxString>(c.typed) : std::nullopt};
+        ASSERT_EQ(PromptTargetAddress(t.ctx), c.typed != nullptr);
         const TextEntryForm& form = t.ui.textForms.at(0);
         EXPECT_EQ(form.message, "Enter device IP address or domain name");
         EXPECT_EQ(form.caption, "User entry required");
         EXPECT_EQ(form.value, "192.168.1.250");
         EXPECT_EQ(t.target.targetHost, c.host);
-        EXPECT_EQ(t.target.targetEntry, c.entry);
+        EXPECT_EQ(t.target.targetEntry, c.typed ? c.typed : "192.168.1.250");
         EXPECT_EQ(t.tools.environment.count("TT_SSH_PORT"), c.port ? 1u : 0u);
         if (c.port) {
             EXPECT_EQ(t.tools.environment["TT_SSH_PORT"], c.port);
         }
     }
-    TestContext cancelled;
-    cancelled.target.targetHost = "kept";
-    cancelled.ui.texts = {std::nullopt};
-    EXPECT_FALSE(PromptTargetAddress(cancelled.ctx));
-    EXPECT_EQ(cancelled.target.targetHost, "kept");
-    EXPECT_TRUE(cancelled.tools.runs.empty());
-}
-
-TEST(DeviceTools, UploadAndRebootCommandLines)
-{
-    TestContext t;
-    t.env.TgxBuildPath = "C:\\TGx\\tgxconfigure";
-    t.target.targetHost = "10.0.0.7";
-    t.tools.replies = {{3, {}}, {0, {}}, {1, {}}};
-    wxString error;
-    EXPECT_FALSE(UploadConfiguration(t.ctx, error));
-    EXPECT_EQ(error, "Failed to upload configuration files to TG7 - (ttrestore returned 3).\n"
-                     "Check IP address, Power and Network connection");
-    EXPECT_EQ(t.tools.runs[0].command, "ttrestore \"10.0.0.7\" config");
-    EXPECT_EQ(t.tools.runs[0].workingDirectory, "C:\\TGx\\tgxconfigure\\OUTPUT");
-    EXPECT_TRUE(RebootDevice(t.ctx, 5));
-    EXPECT_FALSE(RebootDevice(t.ctx, 1));
-    EXPECT_EQ(t.tools.runs[1].command, "ttreboot \"10.0.0.7\" -s=60 -w -a=5");
-    EXPECT_EQ(t.tools.runs[2].mode, RunMode::Captured);
-}
-
-TEST(DeviceTools, ReportedVersions)
-{
-    EXPECT_EQ(ReportedVersion("Firmware: TG7main-v6.2.2-build7"), "6.2.2");
-    EXPECT_EQ(ReportedVersion("6.2.2"), "6.2.2");
-    EXPECT_EQ(ReportedVersion("v1-v2-3"), "2");
-    EXPECT_EQ(ReportedVersion("TG7main-v"), "");
-    EXPECT_EQ(ReportedVersion("-build"), "");
 }
 
 namespace {
@@ -121,6 +88,7 @@ TEST_F(Configure, ASuccessfulRunInOrder)
     EXPECT_TRUE(commands[1].StartsWith("ttbuild -s=BUILD -f=LINUX"));
     EXPECT_EQ(tools.runs[1].workingDirectory, env.TgxTemplatesPath);
     EXPECT_EQ(commands[2], "ttrestore \"10.0.0.9\" config");
+    EXPECT_EQ(tools.runs[2].workingDirectory, env.TgxBuildPath + "/OUTPUT");
     EXPECT_EQ(commands[3], "ttreboot \"10.0.0.9\" -s=60 -w -a=1");
     EXPECT_EQ(ui.progress, (std::vector<wxString>{"begin: Device configuration | Configuring device .. Please wait",
                                                   "pulse: Checking firmware and templates versions",
