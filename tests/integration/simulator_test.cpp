@@ -1,6 +1,7 @@
-// The gateway simulator where no workflow test reaches it: ttbuild's template language, strict
-// command lines and failures, fault rules, admin commands and file transfer. Each tool is started
-// by name from PATH, a process of its own, all sharing one scratch state folder.
+// The gateway simulator where no workflow test reaches it: strict command lines and failures, the
+// fault rules and the admin commands. What each tool does for a workflow (the template expansion
+// of ttbuild included) is proven by the workflow tests that use it. Each tool is started by name
+// from PATH, a process of its own, all sharing one scratch state folder.
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 
@@ -45,89 +46,10 @@ protected:
         return result;
     }
 
-    // A build folder as the generator leaves it, with this ct.ini; returns the ttbuild command.
-    wxString WriteBuildFolder(const wxString& script)
-    {
-        dir.Write("build/INCLUDE/ct.ini", script);
-        for (const char* name : {"dbsave.txt", "tgxconfig.prj", "MBMAP1.csv"})
-            dir.Write(wxString("build/ADDITIONAL/") + name, "x\r\n");
-        const wxString build = dir.path + "/build";
-        return wxString::Format("ttbuild -s=BUILD -f=LINUX \"-i=%s/INCLUDE\" \"-a=%s/ADDITIONAL\" \"-o=%s/OUTPUT\" "
-                                "\"-c=config\"",
-            build, build, build);
-    }
-
     wxString Gateway(const wxString& relative) const { return dir.path + "/gateway/" + relative; }
 
     TempDir dir;
 };
-
-struct ExpansionCase {
-    const char* name;
-    std::vector<std::pair<const char*, const char*>> templates;  // file below the templates folder, text
-    const char* script;
-    long code;
-    std::vector<const char*> defs;  // defs.ini after its two heading lines
-    std::vector<const char*> app;   // app.ini after its two heading lines
-    const char* error;              // in standard error
-};
-
-TEST_F(Simulator, TtbuildExpandsTemplatesAndNamesWhatItCannotExpand)
-{
-    const std::vector<ExpansionCase> cases = {
-        {"arguments", {{"t.ini", "A=$1 B=$10 C=${1}0 D=$0 E=$$2\n"}}, "#include t.ini(a,b,c,d,e,f,g,h,i,j)\n", 0,
-            {"; t.ini(a,b,c,d,e,f,g,h,i,j)", "A=a B=j C=a0 D=t.ini E=$2"}, {}, ""},
-        {"comments, blanks, empty argument, CR LF", {{"t.ini", "; about t\r\n\r\nX=[$2]   \r\n"}},
-            "; head\r\n\r\n#include t.ini(a,,c)\r\n", 0, {"; t.ini(a,,c)", "X=[]"}, {}, ""},
-        {"arithmetic", {{"t.ini", "R=$[1000 + $2 * 20] S=$[-(3 - 10) % 4] T=$[7/2]\n"}}, "#include t.ini(0,3)\n", 0,
-            {"; t.ini(0,3)", "R=1060 S=3 T=3"}, {}, ""},
-        {"symbols and sections",
-            {{"sys.ini", "#define SWAP $1\n#section app\nM=${SWAP}\n"},
-                {"dev.ini", "#section app\nN=${SWAP},$1\n#section defs\nD=$1\n"}},
-            "#include sys.ini(6)\n#include dev.ini(x)\n", 0, {"; dev.ini(x)", "D=x"},
-            {"; sys.ini(6)", "M=6", "; dev.ini(x)", "N=6,x"}, ""},
-        {"nested include", {{"outer.ini", "#include inner.ini($1,$[$1+1])\nO=$1\n"}, {"inner.ini", "I=$1/$2\n"}},
-            "#include outer.ini(4)\n", 0, {"; outer.ini(4) > inner.ini(4,5)", "I=4/5", "; outer.ini(4)", "O=4"}, {},
-            ""},
-        {"BUILD folder first", {{"t.ini", "W=top\n"}, {"BUILD/t.ini", "W=build\n"}}, "#include t.ini\n", 0,
-            {"; t.ini", "W=build"}, {}, ""},
-        {"argument not given", {{"t.ini", "A=$3\n"}}, "#include t.ini(a,b)\n", 3, {}, {},
-            "t.ini line 1: $3 is used but 2 arguments were given"},
-        {"self include", {{"loop.ini", "#include loop.ini\n"}}, "#include loop.ini\n", 3, {}, {},
-            "nested deeper than 8"},
-        {"missing template", {{"t.ini", "A=1\n"}}, "#include t.ini\n#include nosuchtmpl.ini(0,0,1)\n", 2, {}, {},
-            "template 'nosuchtmpl.ini' not found (ct.ini line 2"},
-        {"missing nested template", {{"outer.ini", "\n#include gone.ini($1)\n"}}, "#include outer.ini(1)\n", 2, {}, {},
-            "template 'gone.ini' not found (outer.ini line 2"},
-    };
-    for (const ExpansionCase& c : cases) {
-        SCOPED_TRACE(c.name);
-        const wxString templates = dir.path + "/" + c.name;
-        wxFileName::Mkdir(templates + "/BUILD", wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        for (const auto& [file, text] : c.templates)
-            dir.Write(wxString(c.name) + "/" + file, text);
-        const wxString command = WriteBuildFolder(c.script);
-        for (const char* stale : {"defs.ini", "app.ini", "dbsave.txt"})
-            dir.Write(wxString("build/OUTPUT/") + stale, "from an earlier build\r\n");
-
-        const RunResult result = Run(command, templates);
-        EXPECT_EQ(result.code, c.code);
-        if (c.code != 0) {
-            ASSERT_FALSE(result.err.empty());
-            EXPECT_TRUE(result.err[0].StartsWith("ttbuild: ") && result.err[0].Contains(c.error)) << result.err[0];
-            for (const char* name : {"defs.ini", "app.ini", "dbsave.txt"})
-                EXPECT_FALSE(wxFileExists(dir.path + "/build/OUTPUT/" + name)) << "a failed build leaves no " << name;
-            continue;
-        }
-        wxArrayString defs = LinesOf(dir.path + "/build/OUTPUT/defs.ini"), app = LinesOf(dir.path + "/build/OUTPUT/app.ini");
-        ASSERT_GE(defs.size(), 2u);
-        ASSERT_GE(app.size(), 2u);
-        defs.RemoveAt(0, 2);
-        app.RemoveAt(0, 2);
-        EXPECT_EQ(defs, Lines(c.defs));
-        EXPECT_EQ(app, Lines(c.app));
-    }
-}
 
 // A command line the real tool would refuse is refused (64, with the usage), so a wrong command
 // line of ours fails the workflow tests; other failures exit non-zero and change nothing.
@@ -169,31 +91,6 @@ TEST_F(Simulator, WrongCommandLinesAndFailuresExitNonZeroAndChangeNothing)
     EXPECT_EQ(LinesOf(Gateway("run.log")).size(), WXSIZEOF(cases)) << "wrong command lines are logged too";
     EXPECT_FALSE(wxFileExists(dir.path + "/empty/fetched.prj"));
     EXPECT_FALSE(wxFileExists(Gateway("TG7/config/defs.ini")));
-}
-
-TEST_F(Simulator, FilesTravelToAndFromTheGatewayUnchanged)
-{
-    const struct {
-        const char* local;
-        const char* command;
-        const char* onGateway;
-        const char* remote;  // fetched back by ttgetfile
-    } cases[] = {
-        {"TG7+ User Guide.pdf", "ttputfile h \"TG7+ User Guide.pdf\" /var/www/html/downloads/TG7UserGuide.pdf -c",
-            "root/var/www/html/downloads/TG7UserGuide.pdf", "/var/www/html/downloads/TG7UserGuide.pdf"},
-        {"notes.txt", "ttputfile h notes.txt /var/www/html/downloads/", "root/var/www/html/downloads/notes.txt",
-            "/var/www/html/downloads/notes.txt"},
-        {"map.csv", "ttputfile h map.csv TG7/MBMAP1.csv", "TG7/MBMAP1.csv", "TG7/MBMAP1.csv"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.command);
-        const std::string content = std::string(c.local) + "\nbytes \x01\xC3\xBC\r\nkept as they are\n";
-        dir.Write(wxString("up/") + c.local, wxString::FromUTF8(content));
-        EXPECT_EQ(Run(c.command, dir.path + "/up").code, 0);
-        EXPECT_EQ(ReadBytes(Gateway(c.onGateway)), content);
-        EXPECT_EQ(Run(wxString::Format("ttgetfile h %s back", c.remote)).code, 0);
-        EXPECT_EQ(ReadBytes(dir.path + "/back"), content);
-    }
 }
 
 struct FaultCase {

@@ -345,6 +345,9 @@ TEST_F(Tgxcfg, ConfigureRunsTheSimulatedGatewayWithTheConsoleAnswering)
     // Saved before the upload, with the tag given: the gateway holds what the disk holds.
     EXPECT_EQ(Read("boiler_house.prj")[2], "TGX TAGNAME:BOILER2");
     EXPECT_EQ(Read("gateway/TG7/tgxconfig.prj"), Read("boiler_house.prj"));
+    EXPECT_EQ(Read("gateway/TG7/MBMAP1.csv"), Read("boiler_house.mbd"));
+    ASSERT_EQ(Read("gateway/boot.log").size(), 1u);
+    EXPECT_TRUE(Read("gateway/boot.log")[0].EndsWith("\thost=127.0.0.1\tTT_SSH_PORT=2222\toptions=-s=60 -w -a=1"));
 
     // A failing step: its message on standard error, status 1, the progress up to that step.
     dir.Write("gateway/faults.txt", "ttrestore exit=3\r\n");
