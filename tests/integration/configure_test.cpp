@@ -68,6 +68,7 @@ TEST_F(LoadFromGateway, BringsTheProjectAndItsMapEvenWhenTheMapFileCannotBeFetch
         EXPECT_EQ(GetText(project.tagName), "BOILER1");
         EXPECT_EQ(GetText(project.devices[1].deviceName), "PT-102 Drum pressure");
         EXPECT_EQ(project.modbusMapLines, map);
+        EXPECT_FALSE(project.projectFilePath.IsOk());  // fetched, not yet saved anywhere
         ui.texts = {wxString("127.0.0.1")};
     }
     wxArrayString log;

@@ -150,24 +150,22 @@ TEST_F(ConfigGenerator, WritesTheExpectedScriptAndParameterFile)
 
 TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
 {
-    struct Case {
-        const char* projectFile; // empty: never saved
+    const wxString defaultFolder = Built("OUTPUT");
+    const struct {
+        const char* projectFile;
         const char* outputFolder;
         const char* outputName;
         wxString expectedFolder;
         const char* expectedName;
-    };
-    const wxString defaultFolder = Built("OUTPUT");
-    const Case cases[] = {
+    } cases[] = {
         {"plant7.prj", "", "", defaultFolder, "plant7"},
         {"my.plant.v2.prj", "", "", defaultFolder, "my.plant.v2"},
         {"plant7.prj", "/srv/tg7 out", "given", "/srv/tg7 out", "given"},
-        {"", "", "", defaultFolder, ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.projectFile + wxString("|") + c.outputFolder);
         tools.runs.clear();
-        project.projectFilePath = *c.projectFile ? wxFileName(dir.path + "/projects/" + c.projectFile) : wxFileName();
+        project.projectFilePath = dir.path + "/projects/" + c.projectFile;
         wxString outputFolder = c.outputFolder, outputName = c.outputName;
         ASSERT_TRUE(GenerateConfiguration(ctx, errorText, outputFolder, outputName));
         EXPECT_EQ(outputFolder, c.expectedFolder);

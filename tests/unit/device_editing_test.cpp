@@ -47,6 +47,12 @@ TEST_F(Devices, AddProposesTheLowestFreeAddress)
     EXPECT_TRUE(shown.enabledForPolling && !shown.autoAddressing && shown.typeSelection == 0);
     EXPECT_EQ(shown.typeNames, Lines({"Generic", "KFD2", "VegaPuls"}));
     EXPECT_EQ(project.deviceCount, 3);  // cancelled: nothing added
+    for (int i = 4; i <= MAX_DEVICES; ++i)
+        Add(wxString::Format("%d", i));
+    ASSERT_EQ(project.deviceCount, MAX_DEVICES);
+    AddDevice(ctx);  // no dialog past the sixteenth, no message
+    EXPECT_EQ(ui.deviceForms.size(), static_cast<size_t>(MAX_DEVICES + 1));
+    EXPECT_TRUE(ui.messages.empty());
 }
 
 TEST_F(Devices, AddressRules)
@@ -111,16 +117,6 @@ TEST_F(Devices, DefaultCommandsDependOnModeAndPosition)
     }
 }
 
-TEST_F(Devices, SixteenDevicesAreTheLimit)
-{
-    for (int i = 0; i < MAX_DEVICES; ++i)
-        Add(wxString::Format("%d", i));
-    ASSERT_EQ(project.deviceCount, MAX_DEVICES);
-    AddDevice(ctx);
-    EXPECT_EQ(ui.deviceForms.size(), static_cast<size_t>(MAX_DEVICES));  // no dialog, no message
-    EXPECT_TRUE(ui.messages.empty());
-}
-
 TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
 {
     Add("0");
@@ -141,6 +137,11 @@ TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
     ModifyDevice(ctx);
     EXPECT_EQ(project.devices[1].pollAddress, 1);
     EXPECT_EQ(ui.messages.at(0).text, kAddressMessage);
+    // The enable check box sets the whole value, auto addressing included.
+    SetSelectedDeviceEnable(ctx, true);
+    EXPECT_EQ(project.devices[1].enabled, 1);
+    SetSelectedDeviceEnable(ctx, false);
+    EXPECT_EQ(project.devices[1].enabled, 0);
 }
 
 TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
@@ -170,15 +171,4 @@ TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
     }
     EXPECT_EQ(project.deviceCount, 0);
     EXPECT_EQ(GetText(project.mode), "GATEWAY");
-}
-
-TEST_F(Devices, TheEnableCheckBoxSetsTheWholeValue)
-{
-    Answer("0", 0, true);
-    AddDevice(ctx);
-    ASSERT_EQ(project.devices[0].enabled, 3);
-    SetSelectedDeviceEnable(ctx, true);
-    EXPECT_EQ(project.devices[0].enabled, 1);
-    SetSelectedDeviceEnable(ctx, false);
-    EXPECT_EQ(project.devices[0].enabled, 0);
 }

@@ -179,44 +179,25 @@ protected:
 
 }  // namespace
 
-TEST_F(LoadFromDevice, FetchesProjectAndMap)
+// Loading what was fetched, and the map's fallback to ttmbprint, run end to end in configure_test.cpp.
+TEST_F(LoadFromDevice, FetchCommandLinesAndFailures)
 {
-    // The scripted runner cannot write files, so the files are placed where the fetch puts them.
-    const wxString folder = DeviceDownloadFolder();
-    wxFileName::Mkdir(folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    struct FakeFetch : ScriptedToolRunner {
-        long RunCaptured(const wxString& command, wxArrayString& output) override
-        {
-            const long code = ScriptedToolRunner::RunCaptured(command, output);
-            if (command.Contains("tgxconfig.prj"))
-                WriteTextLines(command.AfterLast(' ').Mid(1).BeforeLast('"'), Lines({"DEVICE COUNT:1", "TGX TAGNAME:GW7"}));
-            return code;
-        }
-    } fetch;
-    AppContext withFetch{project, env, target, deviceTypes, ui, fetch, platform};
-    fetch.replies = {{0, {}}, {1, {}}, {0, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"})}};
-    LoadProjectFromDevice(withFetch);
-    const wxArrayString commands = fetch.Commands();
+    const wxString folder = DeviceDownloadFolder() + wxFILE_SEP_PATH;
+    LoadProjectFromDevice(ctx);  // the scripted runner writes no file: nothing to read
+    const wxArrayString commands = tools.Commands();
     ASSERT_EQ(commands.size(), 3u);
-    EXPECT_EQ(commands[0], "ttgetfile \"10.0.0.7\" TG7/tgxconfig.prj \"" + folder + wxFILE_SEP_PATH + "tgxconfig.prj\"");
-    EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + wxFILE_SEP_PATH + "MBMAP1.csv\"");
+    EXPECT_EQ(commands[0], "ttgetfile \"10.0.0.7\" TG7/tgxconfig.prj \"" + folder + "tgxconfig.prj\"");
+    EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + "MBMAP1.csv\"");
     EXPECT_EQ(commands[2], "ttmbprint \"10.0.0.7\" -f=2");
     EXPECT_EQ(ui.progress.at(0), "begin: Downloading project file | Load config from TG7\n");
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_EQ(project.projectOpen, 1);
-    EXPECT_EQ(project.deviceCount, 1);
-    EXPECT_EQ(GetText(project.tagName), "GW7");
-    EXPECT_EQ(project.modbusMapLines, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"}));  // printed: no map file
-    EXPECT_FALSE(project.projectFilePath.IsOk());  // fetched, not yet saved anywhere
-    EXPECT_FALSE(wxFileExists(folder + "/tgxconfig.prj"));
-}
+    EXPECT_EQ(ui.messages.at(0).text, "Error in project file");
 
-TEST_F(LoadFromDevice, AFailedFetchEndsTheCommand)
-{
+    tools.runs.clear();
     tools.replies = {{1, {}}};
+    ui.texts = {wxString("10.0.0.7")};
     LoadProjectFromDevice(ctx);
     EXPECT_EQ(tools.runs.size(), 1u);
-    EXPECT_EQ(ui.messages.at(0).text, "Failed to obtain configuration from TG7.");
+    EXPECT_EQ(ui.messages.at(1).text, "Failed to obtain configuration from TG7.");
     EXPECT_EQ(ui.progress.back(), "end");
     EXPECT_EQ(project.projectOpen, 0);
 }
