@@ -26,13 +26,15 @@ inline void PrintTo(const wxArrayString& lines, std::ostream* os)
     *os << "}";
 }
 
-inline wxArrayString Lines(std::initializer_list<const char*> texts)
+template <class Texts>
+wxArrayString Lines(const Texts& texts)
 {
     wxArrayString lines;
     for (const char* text : texts)
         lines.Add(wxString::FromUTF8(text));
     return lines;
 }
+inline wxArrayString Lines(std::initializer_list<const char*> texts) { return Lines<decltype(texts)>(texts); }
 
 // Copies every file below `from` to the same place below `to`, creating the folders.
 inline void CopyTree(const wxString& from, const wxString& to)

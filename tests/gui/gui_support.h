@@ -6,6 +6,8 @@
 #include <wx/string.h>
 #include <wx/utils.h>
 
+#include "unit/temp_dir.h"
+
 #include <memory>
 
 struct FrameCloser {
@@ -24,3 +26,10 @@ bool SaveScreenshot(wxWindow* window, const wxString& name);
 
 // Processes pending and posted events for a moment.
 void PumpEvents(int milliseconds = 100);
+
+// A scratch folder with a registry file that names the sample installation.
+struct SampleInstallation : TempDir {
+    const wxString registry = Write("registry.ini", "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\n"
+                                                    "Path=" TGX_SOURCE_DIR "/simulator/installation/\nVersion=6.2.2\n"
+                                                    "FirmwareVersion=6.2.2\nTemplatesVersion=3.1.0\n");
+};

@@ -10,7 +10,6 @@
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
-#include <wx/file.h>
 #include <wx/filename.h>
 #include <wx/progdlg.h>
 
@@ -43,33 +42,19 @@ class LoadedProject : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        registry = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxreg");
-        wxFile(registry, wxFile::write)
-            .Write("[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\nPath=" + wxString(TGX_SOURCE_DIR) +
-                   "/simulator/installation/\nVersion=6.2.2\nFirmwareVersion=6.2.2\nTemplatesVersion=3.1.0\n");
-        platform = std::make_unique<PosixPlatform>(registry);
-        frame.reset(new ProjectFrame(*platform, tools, &dialogs));
+        frame.reset(new ProjectFrame(platform, tools, &dialogs));
         ASSERT_TRUE(frame->StartedUp());
         frame->Show();
         PumpEvents();  // shown and drawn before a project is opened, as a person opens one
         // Open the example through the load command; a copy, since loading rewrites the file.
-        folder = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxprj");
-        wxRemoveFile(folder);
-        wxFileName::Mkdir(folder);
-        project = folder + "/boiler_house.prj";
         wxCopyFile(wxString(TGX_SOURCE_DIR) + "/docs/examples/boiler_house.prj", project);
         dialogs.files = {project};
         LoadProjectFromDisk(frame->Context());
     }
-    void TearDown() override
-    {
-        frame.reset();
-        wxRemoveFile(registry);
-        wxFileName::Rmdir(folder, wxPATH_RMDIR_RECURSIVE);
-    }
 
-    wxString registry, folder, project;
-    std::unique_ptr<PosixPlatform> platform;
+    SampleInstallation installation;
+    const wxString project = installation.path + "/boiler_house.prj";
+    PosixPlatform platform{installation.registry};
     ScriptedUserInterface dialogs;
     ScriptedToolRunner tools;
     FramePtr<ProjectFrame> frame;
@@ -88,7 +73,11 @@ TEST_F(LoadedProject, PanelShowsTheProjectAndItsLists)
     EXPECT_EQ(frame->Commands()->GetString(2), "CMD 009:01,02,03,04 - CYCLICAL READ 10   ");
     // The port serves the HART devices: its function is fixed while there are any.
     EXPECT_FALSE(frame->SerialModbus()->IsEnabled());
-    EXPECT_TRUE(SaveScreenshot(frame.get(), "loaded_project.png"));
+    wxMenuBar* bar = frame->GetMenuBar();
+    EXPECT_TRUE(bar->IsEnabled(bar->FindMenuItem("Project", "Save")));
+    EXPECT_FALSE(bar->IsChecked(bar->FindMenuItem("Modbus", "Automatic Map")));  // the example has its own map
+    // A picture for people: the main window with a project.
+    EXPECT_TRUE(SaveScreenshot(frame.get(), "main_window.png")) << "screenshots need ImageMagick's import";
 }
 
 TEST_F(LoadedProject, SelectingADeviceShowsItsCommands)
@@ -96,8 +85,10 @@ TEST_F(LoadedProject, SelectingADeviceShowsItsCommands)
     wxCommandEvent select(wxEVT_LISTBOX, frame->Devices()->GetId());
     select.SetEventObject(frame->Devices());
     select.SetInt(2);
+    frame->Context().project.selectedCommand = 1;
     frame->Devices()->GetEventHandler()->ProcessEvent(select);
     EXPECT_EQ(frame->Context().project.selectedDevice, 2);
+    EXPECT_EQ(frame->Context().project.selectedCommand, 0);  // from the first command
     ASSERT_EQ(frame->Commands()->GetCount(), 3u);
     EXPECT_EQ(frame->Commands()->GetString(2), "CMD 035:00,12 - WRITE ON TRIGGER");
 }

@@ -1,6 +1,5 @@
 #include "fakes/test_context.h"
 #include "project/device_editing.h"
-#include "project/device_list.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
@@ -45,23 +44,25 @@ TEST_F(Devices, AddProposesTheLowestFreeAddress)
     AddDevice(ctx);
     const DeviceForm& shown = ui.deviceForms.back();
     EXPECT_EQ(shown.address, "2");
-    EXPECT_TRUE(shown.enabledForPolling);
-    EXPECT_FALSE(shown.autoAddressing);
-    EXPECT_EQ(shown.typeSelection, 0);
+    EXPECT_TRUE(shown.enabledForPolling && !shown.autoAddressing && shown.typeSelection == 0);
     EXPECT_EQ(shown.typeNames, Lines({"Generic", "KFD2", "VegaPuls"}));
     EXPECT_EQ(project.deviceCount, 3);  // cancelled: nothing added
+    for (int i = 4; i <= MAX_DEVICES; ++i)
+        Add(wxString::Format("%d", i));
+    ASSERT_EQ(project.deviceCount, MAX_DEVICES);
+    AddDevice(ctx);  // no dialog past the sixteenth, no message
+    EXPECT_EQ(ui.deviceForms.size(), static_cast<size_t>(MAX_DEVICES + 1));
+    EXPECT_TRUE(ui.messages.empty());
 }
 
 TEST_F(Devices, AddressRules)
 {
     Add("5");
-    struct Case {
+    const struct {
         const char* address;
         bool accepted;
-    };
-    const Case cases[] = {{"64", false}, {"-1", false}, {"5", false}, {"abc", false}, {"", false},
-                          {"63", true},  {"7x", true}};
-    for (const Case& c : cases) {
+    } cases[] = {{"64", false}, {"-1", false}, {"5", false}, {"abc", false}, {"", false}, {"63", true}, {"7x", true}};
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.address);
         const int before = project.deviceCount;
         ui.messages.clear();
@@ -94,12 +95,11 @@ TEST_F(Devices, ATenCharacterAddressMakesAMultiplexerProject)
 
 TEST_F(Devices, DefaultCommandsDependOnModeAndPosition)
 {
-    struct Case {
+    const struct {
         const char* mode;
         std::vector<int> firstDevice;
-    };
-    const Case cases[] = {{"GATEWAY", {2, 3}}, {"BRIDGE CLIENT", {}}, {"BRIDGE SERVER", {}}};
-    for (const Case& c : cases) {
+    } cases[] = {{"GATEWAY", {2, 3}}, {"BRIDGE CLIENT", {}}, {"BRIDGE SERVER", {}}};
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.mode);
         LoadDefaultProject(project);
         SetText(project.mode, c.mode);
@@ -115,16 +115,6 @@ TEST_F(Devices, DefaultCommandsDependOnModeAndPosition)
         EXPECT_EQ(project.selectedDevice, 1);
         EXPECT_EQ(project.projectSaved, 0);
     }
-}
-
-TEST_F(Devices, SixteenDevicesAreTheLimit)
-{
-    for (int i = 0; i < MAX_DEVICES; ++i)
-        Add(wxString::Format("%d", i));
-    ASSERT_EQ(project.deviceCount, MAX_DEVICES);
-    AddDevice(ctx);
-    EXPECT_EQ(ui.deviceForms.size(), static_cast<size_t>(MAX_DEVICES));  // no dialog, no message
-    EXPECT_TRUE(ui.messages.empty());
 }
 
 TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
@@ -147,6 +137,11 @@ TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
     ModifyDevice(ctx);
     EXPECT_EQ(project.devices[1].pollAddress, 1);
     EXPECT_EQ(ui.messages.at(0).text, kAddressMessage);
+    // The enable check box sets the whole value, auto addressing included.
+    SetSelectedDeviceEnable(ctx, true);
+    EXPECT_EQ(project.devices[1].enabled, 1);
+    SetSelectedDeviceEnable(ctx, false);
+    EXPECT_EQ(project.devices[1].enabled, 0);
 }
 
 TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
@@ -176,27 +171,4 @@ TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
     }
     EXPECT_EQ(project.deviceCount, 0);
     EXPECT_EQ(GetText(project.mode), "GATEWAY");
-}
-
-TEST_F(Devices, SelectingShowsTheDevicesCommandsFromTheFirst)
-{
-    Add("0");
-    Add("1");
-    project.selectedCommand = 1;
-    SelectDevice(ctx, 0);
-    EXPECT_EQ(project.selectedDevice, 0);
-    EXPECT_EQ(project.selectedCommand, 0);
-    EXPECT_EQ(ui.commandListRefreshCount, 1);
-}
-
-TEST_F(Devices, TheEnableCheckBoxSetsTheWholeValue)
-{
-    Answer("0", 0, true);
-    AddDevice(ctx);
-    ASSERT_EQ(project.devices[0].enabled, 3);
-    SetSelectedDeviceEnable(ctx, true);
-    EXPECT_EQ(project.devices[0].enabled, 1);
-    SetSelectedDeviceEnable(ctx, false);
-    EXPECT_EQ(project.devices[0].enabled, 0);
-    EXPECT_EQ(DeviceListLines(project), Lines({"#00 [00]  : Generic  [DISABLED]"}));
 }

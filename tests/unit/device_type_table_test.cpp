@@ -1,5 +1,4 @@
 #include "app/device_type_table.h"
-#include "app/installation_environment.h"
 #include "temp_dir.h"
 
 #include "wx_test_support.h"
@@ -8,11 +7,10 @@
 
 TEST(DeviceTypeTable, OnlyDevTypeLinesWithExactlySixValuesAreTaken)
 {
-    struct Case {
+    const struct {
         const char* line;
         bool taken;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"DEV_TYPE Generic g2 g3 g4 g5 g6", true},
         {"DEV_TYPE   Generic\tg2  g3\t\tg4 g5 g6  \r", true},  // runs of blanks and tabs separate
         {"DEV_TYPE Generic g2 g3 g4 g5", false},                 // five values
@@ -20,41 +18,27 @@ TEST(DeviceTypeTable, OnlyDevTypeLinesWithExactlySixValuesAreTaken)
         {"DEV_TYPE\tGeneric g2 g3 g4 g5 g6", false},             // the blank after the word is required
         {"dev_type Generic g2 g3 g4 g5 g6", false},              // the prefix is case-sensitive
         {" DEV_TYPE Generic g2 g3 g4 g5 g6", false},             // and must start the line
-        {"DEV_TYPES Generic g2 g3 g4 g5 g6", false},
-        {"; DEV_TYPE Generic g2 g3 g4 g5 g6", false},
-        {"", false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.line);
         DeviceTypeTable table;
         ParseDeviceTypeLine(c.line, table);
         ASSERT_EQ(table.deviceTypeCount, c.taken ? 1 : 0);
         if (c.taken) {
             EXPECT_EQ(table.TypeName(0), "Generic");
-            EXPECT_EQ(table.Text(2, 0), "g2");
             EXPECT_EQ(table.Text(6, 0), "g6");
         }
     }
-}
-
-TEST(DeviceTypeTable, StopsAt256RowsAndCutsLongTokens)
-{
+    // At most 256 rows; tokens cut to 63 characters; beyond the table reads as empty.
     DeviceTypeTable table;
     for (int i = 0; i < 300; ++i)
-        ParseDeviceTypeLine(wxString::Format("DEV_TYPE T%d a b c d e", i), table);
+        ParseDeviceTypeLine(wxString::Format("DEV_TYPE T%d a b c d ", i) + wxString(64, 'z'), table);
     EXPECT_EQ(table.deviceTypeCount, 256);
-    EXPECT_EQ(table.TypeName(255), "T255");
-    EXPECT_EQ(table.TypeName(256), "");  // beyond the table reads as empty, never out of bounds
-
-    DeviceTypeTable longTokens;
-    const wxString longName(100, 'N');
-    ParseDeviceTypeLine("DEV_TYPE " + longName + " a b c d " + wxString(64, 'z'), longTokens);
-    ASSERT_EQ(longTokens.deviceTypeCount, 1);
-    EXPECT_EQ(longTokens.TypeName(0), wxString(63, 'N'));
-    EXPECT_EQ(longTokens.Text(6, 0), wxString(63, 'z'));
+    EXPECT_EQ(table.TypeName(256), "");
+    EXPECT_EQ(table.Text(6, 255), wxString(63, 'z'));
 }
 
-TEST(DeviceTypeTable, ReadsEveryLineOfTheFileInOrder)
+TEST(DeviceTypeTable, ReadsEveryLineOfTheFileAndSurvivesOddFiles)
 {
     TempDir dir;
     // CR LF line ends, a comment, a malformed line, and a last line without a line end.
@@ -63,35 +47,15 @@ TEST(DeviceTypeTable, ReadsEveryLineOfTheFileInOrder)
     DeviceTypeTable table;
     ASSERT_TRUE(LoadDeviceTypeTable(path, table));
     ASSERT_EQ(table.deviceTypeCount, 2);
-    EXPECT_EQ(table.TypeName(0), "Generic");
     EXPECT_EQ(table.TypeName(1), "KFD2");
-    EXPECT_EQ(table.Text(6, 1), "k6");
-
     EXPECT_FALSE(LoadDeviceTypeTable(dir.path + "/missing.cfg", table));
-}
 
-TEST(DeviceTypeTable, BinaryOrEmptyFilesLoadNoRows)
-{
-    TempDir dir;
     const char binary[] = {'\x00', '\xff', '\xfe', 'D', '\x00', '\x01', '\n', '\x7f'};
     wxFile(dir.path + "/bin.cfg", wxFile::write).Write(binary, sizeof binary);
+    dir.Write("empty.cfg", "");
     for (const char* name : {"bin.cfg", "empty.cfg"}) {
-        if (wxString(name) == "empty.cfg")
-            dir.Write(name, "");
-        DeviceTypeTable table;
-        EXPECT_TRUE(LoadDeviceTypeTable(dir.path + "/" + name, table)) << name;
-        EXPECT_EQ(table.deviceTypeCount, 0) << name;
+        DeviceTypeTable odd;
+        EXPECT_TRUE(LoadDeviceTypeTable(dir.path + "/" + name, odd)) << name;
+        EXPECT_EQ(odd.deviceTypeCount, 0) << name;
     }
-}
-
-TEST(DeviceTypeTable, FileLivesInTheBuildFolderOfTheTemplates)
-{
-    InstallationEnvironment env;
-#ifdef __WINDOWS__
-    env.TgxTemplatesPath = "C:\\TGx\\tgxtemplates";
-    EXPECT_EQ(DeviceTypeFilePath(env), "C:\\TGx\\tgxtemplates\\BUILD\\ct.cfg");
-#else
-    env.TgxTemplatesPath = "/opt/tgx/tgxtemplates";
-    EXPECT_EQ(DeviceTypeFilePath(env), "/opt/tgx/tgxtemplates/BUILD/ct.cfg");
-#endif
 }

@@ -11,70 +11,37 @@
 
 TEST(TargetAddress, PromptSplitsAtTheLastColon)
 {
-    struct Case {
+    const struct {
         const char* typed;
         const char* host;
-        const char* entry;
         const char* port;  // nullptr: TT_SSH_PORT untouched
+    } cases[] = {
+        {"10.0.0.7:2222", "10.0.0.7", "2222"},
+        {"gateway.local", "gateway.local", nullptr},
+        {"10.0.0.7:", "10.0.0.7", ""},
+        {":2222", ":2222", nullptr},
+        {"fe80::1:22", "fe80::1", "22"},
+        {"host:abc", "host", "abc"},  // not checked
+        {nullptr, "kept", nullptr},   // cancelled
     };
-    const Case cases[] = {
-        {"10.0.0.7:2222", "10.0.0.7", "10.0.0.7:2222", "2222"},
-        {"gateway.local", "gateway.local", "gateway.local", nullptr},
-        {"10.0.0.7:", "10.0.0.7", "10.0.0.7:", ""},
-        {":2222", ":2222", ":2222", nullptr},
-        {"fe80::1:22", "fe80::1", "fe80::1:22", "22"},
-        {"host:abc", "host", "host:abc", "abc"},  // not checked
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed ? c.typed : "cancelled");
         TestContext t;
         t.target.targetEntry = "192.168.1.250";
-        t.ui.texts = {wxString(c.typed)};
-        ASSERT_TRUE(PromptTargetAddress(t.ctx));
+        t.target.targetHost = "kept";
+        t.ui.texts = {c.typed ? std::optional<wxString>(c.typed) : std::nullopt};
+        ASSERT_EQ(PromptTargetAddress(t.ctx), c.typed != nullptr);
         const TextEntryForm& form = t.ui.textForms.at(0);
         EXPECT_EQ(form.message, "Enter device IP address or domain name");
         EXPECT_EQ(form.caption, "User entry required");
         EXPECT_EQ(form.value, "192.168.1.250");
         EXPECT_EQ(t.target.targetHost, c.host);
-        EXPECT_EQ(t.target.targetEntry, c.entry);
+        EXPECT_EQ(t.target.targetEntry, c.typed ? c.typed : "192.168.1.250");
         EXPECT_EQ(t.tools.environment.count("TT_SSH_PORT"), c.port ? 1u : 0u);
         if (c.port) {
             EXPECT_EQ(t.tools.environment["TT_SSH_PORT"], c.port);
         }
     }
-    TestContext cancelled;
-    cancelled.target.targetHost = "kept";
-    cancelled.ui.texts = {std::nullopt};
-    EXPECT_FALSE(PromptTargetAddress(cancelled.ctx));
-    EXPECT_EQ(cancelled.target.targetHost, "kept");
-    EXPECT_TRUE(cancelled.tools.runs.empty());
-}
-
-TEST(DeviceTools, UploadAndRebootCommandLines)
-{
-    TestContext t;
-    t.env.TgxBuildPath = "C:\\TGx\\tgxconfigure";
-    t.target.targetHost = "10.0.0.7";
-    t.tools.replies = {{3, {}}, {0, {}}, {1, {}}};
-    wxString error;
-    EXPECT_FALSE(UploadConfiguration(t.ctx, error));
-    EXPECT_EQ(error, "Failed to upload configuration files to TG7 - (ttrestore returned 3).\n"
-                     "Check IP address, Power and Network connection");
-    EXPECT_EQ(t.tools.runs[0].command, "ttrestore \"10.0.0.7\" config");
-    EXPECT_EQ(t.tools.runs[0].workingDirectory, "C:\\TGx\\tgxconfigure\\OUTPUT");
-    EXPECT_TRUE(RebootDevice(t.ctx, 5));
-    EXPECT_FALSE(RebootDevice(t.ctx, 1));
-    EXPECT_EQ(t.tools.runs[1].command, "ttreboot \"10.0.0.7\" -s=60 -w -a=5");
-    EXPECT_EQ(t.tools.runs[2].mode, RunMode::Captured);
-}
-
-TEST(DeviceTools, ReportedVersions)
-{
-    EXPECT_EQ(ReportedVersion("Firmware: TG7main-v6.2.2-build7"), "6.2.2");
-    EXPECT_EQ(ReportedVersion("6.2.2"), "6.2.2");
-    EXPECT_EQ(ReportedVersion("v1-v2-3"), "2");
-    EXPECT_EQ(ReportedVersion("TG7main-v"), "");
-    EXPECT_EQ(ReportedVersion("-build"), "");
 }
 
 namespace {
@@ -121,6 +88,7 @@ TEST_F(Configure, ASuccessfulRunInOrder)
     EXPECT_TRUE(commands[1].StartsWith("ttbuild -s=BUILD -f=LINUX"));
     EXPECT_EQ(tools.runs[1].workingDirectory, env.TgxTemplatesPath);
     EXPECT_EQ(commands[2], "ttrestore \"10.0.0.9\" config");
+    EXPECT_EQ(tools.runs[2].workingDirectory, env.TgxBuildPath + "/OUTPUT");
     EXPECT_EQ(commands[3], "ttreboot \"10.0.0.9\" -s=60 -w -a=1");
     EXPECT_EQ(ui.progress, (std::vector<wxString>{"begin: Device configuration | Configuring device .. Please wait",
                                                   "pulse: Checking firmware and templates versions",
@@ -211,22 +179,11 @@ protected:
 
 }  // namespace
 
-TEST_F(LoadFromDevice, FetchesProjectAndMap)
+// Loading what was fetched, and the map's fallback to ttmbprint, run end to end in configure_test.cpp.
+TEST_F(LoadFromDevice, FetchCommandLinesAndFailures)
 {
-    // The scripted runner cannot write files, so the files are placed where the fetch puts them.
-    struct FakeFetch : ScriptedToolRunner {
-        long RunCaptured(const wxString& command, wxArrayString& output) override
-        {
-            const long code = ScriptedToolRunner::RunCaptured(command, output);
-            if (command.Contains("tgxconfig.prj"))
-                WriteTextLines(command.AfterLast(' ').Mid(1).BeforeLast('"'), Lines({"DEVICE COUNT:1", "TGX TAGNAME:GW7"}));
-            return code;
-        }
-    } fetch;
-    AppContext withFetch{project, env, target, deviceTypes, ui, fetch, platform};
-    fetch.replies = {{0, {}}, {1, {}}, {0, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"})}};
-    LoadProjectFromDevice(withFetch);
-    const wxArrayString commands = fetch.Commands();
+    LoadProjectFromDevice(ctx);  // the scripted runner writes no file: nothing to read
+    const wxArrayString commands = tools.Commands();
     ASSERT_EQ(commands.size(), 3u);
     // A folder of this fetch's own in the temporary folder, gone afterwards.
     const wxString folder = commands[0].AfterLast(' ').Mid(1).BeforeLast(wxFILE_SEP_PATH);
@@ -236,20 +193,14 @@ TEST_F(LoadFromDevice, FetchesProjectAndMap)
     EXPECT_EQ(commands[1], "ttgetfile \"10.0.0.7\" TG7/MBMAP1.csv \"" + folder + wxFILE_SEP_PATH + "MBMAP1.csv\"");
     EXPECT_EQ(commands[2], "ttmbprint \"10.0.0.7\" -f=2");
     EXPECT_EQ(ui.progress.at(0), "begin: Downloading project file | Load config from TG7\n");
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_EQ(project.projectOpen, 1);
-    EXPECT_EQ(project.deviceCount, 1);
-    EXPECT_EQ(GetText(project.tagName), "GW7");
-    EXPECT_EQ(project.modbusMapLines, Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"}));  // printed: no map file
-    EXPECT_FALSE(project.projectFilePath.IsOk());  // fetched, not yet saved anywhere
-}
+    EXPECT_EQ(ui.messages.at(0).text, "Error in project file");
 
-TEST_F(LoadFromDevice, AFailedFetchEndsTheCommand)
-{
+    tools.runs.clear();
     tools.replies = {{1, {}}};
+    ui.texts = {wxString("10.0.0.7")};
     LoadProjectFromDevice(ctx);
     EXPECT_EQ(tools.runs.size(), 1u);
-    EXPECT_EQ(ui.messages.at(0).text, "Failed to obtain configuration from TG7.");
+    EXPECT_EQ(ui.messages.at(1).text, "Failed to obtain configuration from TG7.");
     EXPECT_EQ(ui.progress.back(), "end");
     EXPECT_EQ(project.projectOpen, 0);
 }

@@ -1,3 +1,4 @@
+// Read through the fake registry here; tests/unit/windows_platform_test.cpp reads the real one.
 #include "app/installation_environment.h"
 #include "fakes/fake_platform.h"
 
@@ -5,80 +6,43 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-FakePlatform PlatformWithSuite(const wxString& path)
+TEST(InstallationEnvironment, EachKeyCountsOnlyInItsOwnHive)
 {
     FakePlatform platform;
-    platform.registry[{RegistryHive::CurrentUser, kSuiteRegistryKey}] = {
-        {"Path", path}, {"Version", "6.2.2"}, {"FirmwareVersion", "6.2.2"}, {"TemplatesVersion", "3.1.0"}};
-    return platform;
-}
-
-}  // namespace
-
-TEST(InstallationEnvironment, MissingSuiteKeyIsRefused)
-{
-    FakePlatform platform;
-    // The suite key must be in the user's hive; the machine's does not count.
+    InstallationEnvironment env;
     platform.registry[{RegistryHive::LocalMachine, kSuiteRegistryKey}] = {{"Path", "C:\\TGx\\"}};
-    InstallationEnvironment env;
+    platform.registry[{RegistryHive::CurrentUser, kConnectRegistryKey}] = {{"Path", "C:\\C\\"}, {"Version", "2.4.1"}};
     EXPECT_FALSE(ReadInstallationEnvironment(platform, env));
-}
 
-TEST(InstallationEnvironment, ReadsSuiteAndConnectKeysFromTheirHives)
-{
-    FakePlatform platform = PlatformWithSuite("C:\\TGx\\");
-    platform.registry[{RegistryHive::LocalMachine, kConnectRegistryKey}] = {{"Path", "C:\\Connect\\"},
-                                                                          {"Version", "2.4.1"}};
-    // A connect key in the user's hive is not the one read.
-    platform.registry[{RegistryHive::CurrentUser, kConnectRegistryKey}] = {{"Version", "wrong"}};
-    InstallationEnvironment env;
+    platform.registry[{RegistryHive::CurrentUser, kSuiteRegistryKey}] = {{"Path", "C:\\TGx\\"}, {"Version", "6.2.2"}};
     ASSERT_TRUE(ReadInstallationEnvironment(platform, env));
-    EXPECT_EQ(env.TgxSoftwarePath, "C:\\TGx\\");
-    EXPECT_EQ(env.TGxSoftwareVersion, "6.2.2");
-    EXPECT_EQ(env.FirmwareVersion, "6.2.2");
-    EXPECT_EQ(env.TemplatesVersion, "3.1.0");
-    EXPECT_EQ(env.TGxConnectPath, "C:\\Connect\\");
-    EXPECT_EQ(env.TGxConnectVersion, "2.4.1");
-    EXPECT_EQ(VersionStatusLine(env), "TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , Templates 3.1.0 , TGxConnect 2.4.1");
-}
+    EXPECT_EQ(VersionStatusLine(env), "TGxSoftwareSuite 6.2.2 , Firmware  , Templates  , TGxConnect not installed");
 
-TEST(InstallationEnvironment, MissingConnectKeyAndValuesLeaveEmptyTexts)
-{
-    FakePlatform platform;
-    platform.registry[{RegistryHive::CurrentUser, kSuiteRegistryKey}] = {{"Path", "C:\\TGx\\"}};
-    InstallationEnvironment env;
-    env.TGxConnectPath = "stale";
+    platform.registry[{RegistryHive::LocalMachine, kConnectRegistryKey}] = {{"Path", "C:\\C\\"}, {"Version", "2.4.1"}};
     ASSERT_TRUE(ReadInstallationEnvironment(platform, env));
     DeriveInstallationPaths(env, "\\", "C:\\Docs");
-    EXPECT_EQ(env.TGxSoftwareVersion, "");
-    EXPECT_EQ(env.TGxConnectPath, "");
-    EXPECT_EQ(env.TgxConnectInstallerPath, "installer");
-    EXPECT_TRUE(VersionStatusLine(env).EndsWith("TGxConnect not installed"));
+    EXPECT_EQ(VersionStatusLine(env), "TGxSoftwareSuite 6.2.2 , Firmware  , Templates  , TGxConnect 2.4.1");
+    EXPECT_EQ(env.TgxConnectInstallerPath, "C:\\C\\installer");
 }
 
 TEST(InstallationEnvironment, PathsAreJoinedWithoutInsertingSeparators)
 {
-    struct Case {
+    const struct {
         const char* softwarePath;
         const char* separator;
         const char* templates;
         const char* documentation;
         const char* projects;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"C:\\TGx\\", "\\", "C:\\TGx\\tgxtemplates", "C:\\TGx\\tgxconfigure\\DOCUMENTATION", "D\\tgxconfigure\\PROJECTS"},
         // Without the trailing separator the last folder and the suffix run together.
         {"C:\\TGx", "\\", "C:\\TGxtgxtemplates", "C:\\TGxtgxconfigure\\DOCUMENTATION", "D\\tgxconfigure\\PROJECTS"},
-        {"/opt/tgx/", "/", "/opt/tgx/tgxtemplates", "/opt/tgx/tgxconfigure/DOCUMENTATION", "D/tgxconfigure/PROJECTS"},
         {"/opt/Suite", "/", "/opt/Suitetgxtemplates", "/opt/Suitetgxconfigure/DOCUMENTATION", "D/tgxconfigure/PROJECTS"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.softwarePath);
         InstallationEnvironment env;
-        env.TgxSoftwarePath = c.softwarePath;
-        env.TGxConnectPath = c.softwarePath;
+        env.TgxSoftwarePath = env.TGxConnectPath = c.softwarePath;
         DeriveInstallationPaths(env, c.separator, "D");
         EXPECT_EQ(env.TgxTemplatesPath, c.templates);
         EXPECT_EQ(env.TgxDocumentPath, c.documentation);
@@ -86,6 +50,5 @@ TEST(InstallationEnvironment, PathsAreJoinedWithoutInsertingSeparators)
         EXPECT_EQ(env.TgxFirmwarePath, wxString(c.softwarePath) + "tgxfirmware");
         EXPECT_EQ(env.TgxBuildPath, wxString(c.softwarePath) + "tgxconfigure");
         EXPECT_EQ(env.TgxSoftwareInstallerPath, wxString(c.softwarePath) + "installer");
-        EXPECT_EQ(env.TgxConnectInstallerPath, wxString(c.softwarePath) + "installer");
     }
 }

@@ -19,19 +19,6 @@ void AddDevice(Project& p, const char* name, const char* type, int poll, const c
     d.enabled = enabled;
 }
 
-HartCommandEntry Command(int number, std::vector<int> args, int interval, int enabled, int write)
-{
-    HartCommandEntry c{};
-    c.commandNumber = number;
-    c.argCount = static_cast<int>(args.size());
-    for (std::size_t i = 0; i < args.size() && i < MAX_COMMAND_ARGS; ++i)
-        c.args[i] = args[i];
-    c.cycleInterval = interval;
-    c.pollEnabled = enabled;
-    c.writeCommand = write;
-    return c;
-}
-
 }  // namespace
 
 TEST(PanelView, NoProjectOpenHidesThePanelAndDisablesProjectCommands)
@@ -40,11 +27,8 @@ TEST(PanelView, NoProjectOpenHidesThePanelAndDisablesProjectCommands)
     LoadDefaultProject(p);
     p.projectOpen = 0;
     const PanelView view = BuildPanelView(p);
-    EXPECT_FALSE(view.panelShown);
-    EXPECT_TRUE(view.loadFromDiskEnabled);
-    EXPECT_TRUE(view.rebootEnabled);
-    EXPECT_FALSE(view.projectItemsEnabled);
-    EXPECT_FALSE(view.modbusItemsEnabled);
+    EXPECT_TRUE(!view.panelShown && !view.projectItemsEnabled && !view.modbusItemsEnabled);
+    EXPECT_TRUE(view.loadFromDiskEnabled && view.rebootEnabled);
     EXPECT_TRUE(view.deviceLines.empty());
 }
 
@@ -114,43 +98,35 @@ TEST(DeviceList, MultiplexerLinesRepeatThePreviousLineForAutoAddressing)
                                   }));
 }
 
-TEST(CommandList, LineFormats)
+TEST(CommandList, LineFormatsAndTheSelectedDeviceOnly)
 {
-    struct Case {
+    // HartCommandEntry: command number, arguments, argument count, interval, poll enabled, write.
+    const struct {
         HartCommandEntry command;
         const char* line;
+    } cases[] = {
+        {{9, {1, 2}, 2, 10, 1, 0}, "CMD 009:01,02 - CYCLICAL READ 10   "},
+        {{48, {}, 0, 123456, 1, 0}, "CMD 048: - CYCLICAL READ 123456"},
+        {{6, {4}, 1, 5, 0, 0}, "CMD 006:04 - DISABLED"},
+        {{6, {}, 0, 5, 2, 0}, "CMD 006: - DISABLED"},
+        {{35, {}, 0, 5, 0, 1}, "CMD 035: - WRITE ON TRIGGER"},  // write wins over disabled
+        {{255, {1, 2, 3, 4, 5, 6, 7, 8}, 10, 1, 1, 0},             // a count above eight shows eight
+            "CMD 255:01,02,03,04,05,06,07,08 - CYCLICAL READ 1    "},
     };
-    const Case cases[] = {
-        {Command(9, {1, 2}, 10, 1, 0), "CMD 009:01,02 - CYCLICAL READ 10   "},
-        {Command(3, {}, 1, 1, 0), "CMD 003: - CYCLICAL READ 1    "},
-        {Command(48, {}, 123456, 1, 0), "CMD 048: - CYCLICAL READ 123456"},
-        {Command(6, {4}, 5, 0, 0), "CMD 006:04 - DISABLED"},
-        {Command(6, {}, 5, 2, 0), "CMD 006: - DISABLED"},
-        {Command(35, {}, 5, 0, 1), "CMD 035: - WRITE ON TRIGGER"},  // write wins over disabled
-        {Command(255, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 1, 1, 0),  // a count above eight shows eight
-         "CMD 255:01,02,03,04,05,06,07,08 - CYCLICAL READ 1    "},
-    };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(CommandListLine(c.command), c.line);
-}
 
-TEST(CommandList, ShowsTheSelectedDeviceOnly)
-{
     Project p;
     LoadDefaultProject(p);
     EXPECT_TRUE(CommandListLines(p).empty());
     AddDevice(p, "A", "Generic", 0, "", 1);
     AddDevice(p, "B", "Generic", 1, "", 1);
-    p.devices[1].commands[0] = Command(2, {}, 1, 1, 0);
+    p.devices[1].commands[0] = cases[0].command;
     p.devices[1].commandCount = 1;
     p.selectedDevice = 0;
     EXPECT_TRUE(CommandListLines(p).empty());
     p.selectedDevice = 1;
-    p.selectedCommand = 0;
-    const PanelView view = BuildPanelView(p);
-    EXPECT_EQ(view.commandLines.size(), 1u);
-    EXPECT_EQ(view.commandSelection, 0);
-    EXPECT_EQ(view.deviceSelection, 1);
+    EXPECT_EQ(BuildPanelView(p).commandLines, Lines({cases[0].line}));
     p.selectedDevice = 99;  // never read out of bounds
     EXPECT_TRUE(CommandListLines(p).empty());
 }

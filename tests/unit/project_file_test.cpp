@@ -116,6 +116,8 @@ TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
     EXPECT_NE(bytes.Find("CMDARGS:-1 2 -3 4 -5 6 -7 2147483647 \r\n"), wxNOT_FOUND);
 }
 
+// Older and damaged files are also read by tgxcfg resave against expected files: three-value
+// commands, the old port number, tag names, ten arguments, indexes beyond 15, text before anything.
 TEST(ProjectFile, ReaderTolerances)
 {
     struct Case {
@@ -124,26 +126,9 @@ TEST(ProjectFile, ReaderTolerances)
         std::function<void(const Project&)> check;
     };
     const Case cases[] = {
-        {"device blocks alone leave every other setting at its default",
-         {"DEVICE COUNT:2", "FOR DEVICE:0", "DEVICE NAME:A", "TYPE:Generic", "FOR DEVICE:1", "DEVICE NAME:B"},
+        {"a number that does not convert keeps the default",
+         {"MODBUS RTU ADDRESS:x", "SYSLOG PORT NUMBER:99999999999"},
          [](const Project& p) {
-             EXPECT_EQ(p.deviceCount, 2);
-             EXPECT_EQ(GetText(p.devices[1].deviceName), "B");
-             EXPECT_EQ(p.serialBaudRate, 9600);
-             EXPECT_EQ(p.vcpPort, 772);
-             EXPECT_EQ(p.automaticModbusMap, 1);
-             EXPECT_EQ(p.selectedDevice, 0);
-             EXPECT_EQ(p.projectOpen, 1);
-         }},
-        {"the old virtual serial port number is moved back",
-         {"VCP PORT NUMBER:5094"}, [](const Project& p) { EXPECT_EQ(p.vcpPort, 772); }},
-        {"other port numbers load as they are", {"VCP PORT NUMBER:5095"}, [](const Project& p) { EXPECT_EQ(p.vcpPort, 5095); }},
-        {"tag names keep letters and digits only",
-         {"TGX TAGNAME:Plant 7/A"}, [](const Project& p) { EXPECT_EQ(GetText(p.tagName), "Plant_7_A"); }},
-        {"a value with a trailing blank does not convert",
-         {"SERIAL PORT BAUDRATE:19200 ", "MODBUS RTU ADDRESS:x", "SYSLOG PORT NUMBER:99999999999"},
-         [](const Project& p) {
-             EXPECT_EQ(p.serialBaudRate, 9600);
              EXPECT_EQ(p.modbusRtuAddress, 1);
              EXPECT_EQ(p.syslogPort, 50000);
          }},
@@ -152,22 +137,12 @@ TEST(ProjectFile, ReaderTolerances)
              EXPECT_EQ(GetText(p.serialParity), " ODD ");
              EXPECT_EQ(GetText(p.mode), "BRIDGE CLIENT");
          }},
-        {"three-value commands of older files are reads, two values are ignored",
-         {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:48 10 1", "HARTCMD:3 1", "HARTCMD:9 5 1 1"},
-         [](const Project& p) {
-             ASSERT_EQ(p.devices[0].commandCount, 2);
-             EXPECT_EQ(p.devices[0].commands[0].commandNumber, 48);
-             EXPECT_EQ(p.devices[0].commands[0].cycleInterval, 10);
-             EXPECT_EQ(p.devices[0].commands[0].writeCommand, 0);
-             EXPECT_EQ(p.devices[0].commands[1].commandNumber, 9);
-             EXPECT_EQ(p.devices[0].commands[1].writeCommand, 1);
-         }},
-        {"arguments beyond eight are counted but not kept; a non-number stores 0",
-         {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:48 10 1 0", "CMDARGS:1 2 three 4 5 6 7 8 9 10 "},
+        {"a non-number argument stores 0",
+         {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:48 10 1 1", "CMDARGS:1 2 three "},
          [](const Project& p) {
              const HartCommandEntry& c = p.devices[0].commands[0];
-             EXPECT_EQ(c.argCount, 10);
-             EXPECT_EQ(std::vector<int>(c.args, c.args + 8), (std::vector<int>{1, 2, 0, 4, 5, 6, 7, 8}));
+             EXPECT_EQ(std::vector<int>(c.args, c.args + c.argCount), (std::vector<int>{1, 2, 0}));
+             EXPECT_EQ(c.writeCommand, 1);
          }},
         {"a second block for a device empties its commands first",
          {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:2 1 1 0", "HARTCMD:3 1 1 0", "FOR DEVICE:0", "HARTCMD:9 1 1 0"},
@@ -176,19 +151,14 @@ TEST(ProjectFile, ReaderTolerances)
              EXPECT_EQ(p.devices[0].commands[0].commandNumber, 9);
          }},
         {"indexes out of range are ignored",
-         {"DEVICE COUNT:40", "FOR DEVICE:16", "DEVICE NAME:ghost", "HARTCMD:1 1 1 0", "CMDARGS:5 ", "FOR DEVICE:-1",
-          "ENABLE:1", "FOR DEVICE:x", "ENABLE:1"},
+         {"DEVICE COUNT:40", "FOR DEVICE:-1", "ENABLE:1", "HARTCMD:1 1 1 0", "FOR DEVICE:x", "ENABLE:1"},
          [](const Project& p) {
              EXPECT_EQ(p.deviceCount, MAX_DEVICES);
              for (const ProjectDevice& d : p.devices) {
                  EXPECT_EQ(d.commandCount, 0);
                  EXPECT_EQ(d.enabled, 0);
-                 EXPECT_EQ(GetText(d.deviceName), "");
              }
          }},
-        {"arguments before any command are ignored",
-         {"DEVICE COUNT:1", "FOR DEVICE:0", "CMDARGS:1 2 "},
-         [](const Project& p) { EXPECT_EQ(p.devices[0].commands[0].argCount, 0); }},
         {"the fifty-first command is ignored",
          [] {
              std::vector<const char*> lines{"DEVICE COUNT:1", "FOR DEVICE:0"};
@@ -205,10 +175,7 @@ TEST(ProjectFile, ReaderTolerances)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        wxArrayString lines;
-        for (const char* line : c.lines)
-            lines.Add(line);
-        c.check(Loaded(lines));
+        c.check(Loaded(Lines(c.lines)));
     }
 }
 
