@@ -21,6 +21,9 @@ const ToolRow kTools[] = {
     {"ttgetfile", MakeGetFileTool},
     {"ttputfile", MakePutFileTool},
     {"ttmbprint", MakeMbPrintTool},
+    {"inifile", MakeIniFileTool},
+    {"dbtojson", MakeDbToJsonTool},
+    {"mbedit", MakeMbEditTool},
 };
 
 }  // namespace

@@ -14,5 +14,8 @@ std::unique_ptr<Tool> MakeGetFileTool();  // ttgetfile   file_transfer_tools.cpp
 std::unique_ptr<Tool> MakePutFileTool();  // ttputfile   file_transfer_tools.cpp
 std::unique_ptr<Tool> MakeMbPrintTool();  // ttmbprint   device_tools.cpp
 std::unique_ptr<Tool> MakeBuildTool();  // ttbuild     build_tool.cpp
+std::unique_ptr<Tool> MakeIniFileTool();  // inifile     map_tools.cpp
+std::unique_ptr<Tool> MakeDbToJsonTool();  // dbtojson    map_tools.cpp
+std::unique_ptr<Tool> MakeMbEditTool();  // mbedit      map_tools.cpp
 
 }  // namespace sim

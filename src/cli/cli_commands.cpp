@@ -6,7 +6,10 @@
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
 #include "cli/console_user_interface.h"
+#include "modbus/map_editing.h"
 #include "modbus/map_export.h"
+#include "modbus/map_import.h"
+#include "modbus/map_modes.h"
 #include "project/command_list.h"
 #include "project/device_list.h"
 #include "project/project_check.h"
@@ -136,7 +139,13 @@ int Show(Session& s, std::ostream& out)
 int Resave(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
 {
     s.project.projectFilePath.Assign(path);
-    if (SaveProject(s.ctx, path))
+    const bool saved = SaveProject(s.ctx, path);
+    // In automatic map mode the save generates the map; its failure is a message.
+    const bool mapFailed = s.ui.MessageShown();
+    s.ui.Finish(mapFailed, err);
+    if (mapFailed)
+        return kFailure;
+    if (saved)
         return kSuccess;
     WriteLine(err, "tgxcfg: cannot write " + shownPath + " or its map file " + MapFilePath(shownPath));
     return kFailure;
@@ -193,6 +202,31 @@ int Configure(Session& s, const CliRequest& request, std::ostream& err)
     return configured ? kSuccess : kFailure;
 }
 
+// The map commands show no message when they succeed: any message ends them with status 1.
+int FinishMapCommand(Session& s, bool done, std::ostream& err)
+{
+    const bool failed = !done || s.ui.MessageShown();
+    s.ui.Finish(failed, err);
+    return failed ? kFailure : kSuccess;
+}
+
+int MapMode(Session& s, const wxString& mode, std::ostream& err)
+{
+    const bool toAutomatic = mode == "automatic";
+    // The item already checked: nothing to do, as a click on it does nothing.
+    if ((s.project.automaticModbusMap == 1) == toAutomatic)
+        return kSuccess;
+    return FinishMapCommand(s, SwitchMapMode(s.ctx, toAutomatic, true), err);
+}
+
+int ImportMap(Session& s, const CliRequest& request, std::ostream& err)
+{
+    if (!request.fromProject.empty())
+        return FinishMapCommand(s, ImportMapFromProjectFile(s.ctx, AbsolutePath(request.fromProject)), err);
+    s.ui.AnswerEntry(kTargetAddressPrompt, request.target);
+    return FinishMapCommand(s, ImportMapFromDevice(s.ctx), err);
+}
+
 } // namespace
 
 int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& err)
@@ -219,6 +253,9 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
     case CliCommand::ExportMap: return ExportMap(*session, secondPath, request.arguments[1], err);
     case CliCommand::Check: return Check(*session, projectPath, request.arguments[0], out);
     case CliCommand::Configure: return Configure(*session, request, err);
+    case CliCommand::MapMode: return MapMode(*session, request.arguments[1], err);
+    case CliCommand::ImportMap: return ImportMap(*session, request, err);
+    case CliCommand::EditMap: return FinishMapCommand(*session, EditModbusMap(session->ctx), err);
     }
     return kFailure;
 }

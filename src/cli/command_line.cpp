@@ -63,6 +63,18 @@ const CommandEntry kCommands[] = {
         "                         default: the project's\n"
         "  --yes                  answer Yes to the questions; without it they are answered No and\n"
         "                         the command stops\n"},
+    {"map-mode", CliCommand::MapMode, 2, {"PROJECT", "MODE"}, {{"yes", false}}, "map-mode PROJECT automatic|user [--yes]",
+        "Modbus > Automatic Map or User defined Map: after the question (answered by --yes) the mode\n"
+        "changes and the project is saved; in automatic mode the save generates the map.\n"
+        "A project already in that mode is left as it is.\n"},
+    {"import-map", CliCommand::ImportMap, 1, {"PROJECT"}, {{"from-target", true}, {"from-project", true}},
+        "import-map PROJECT --from-target=HOST[:PORT] | --from-project=OTHER.prj",
+        "Modbus > Import Map from TG7 (--from-target: the gateway's map file, else the map it runs) or\n"
+        "Import Map from another project (--from-project: OTHER.mbd, else OTHER.mb), then saves the\n"
+        "project. A project without a map ends with status 1, after the save.\n"},
+    {"edit-map", CliCommand::EditMap, 1, {"PROJECT"}, {}, "edit-map PROJECT",
+        "Modbus > Edit the Modbus Map: saves the project, builds its configuration, runs the map editor\n"
+        "(mbedit) on the data points and the map, and saves the edited map with the project.\n"},
 };
 
 const char kGeneralHelp[]
@@ -78,6 +90,10 @@ const char kGeneralHelp[]
       "  check PROJECT              report what a gateway will not run as the project means it\n"
       "  configure PROJECT --target=HOST[:PORT]\n"
       "                             check the gateway's firmware, build, upload and restart\n"
+      "  map-mode PROJECT automatic|user    switch the map mode (--yes confirms)\n"
+      "  import-map PROJECT --from-target=HOST[:PORT] | --from-project=OTHER.prj\n"
+      "                             replace the map with the gateway's or another project's\n"
+      "  edit-map PROJECT           edit the map in the map editor (mbedit)\n"
       "\n"
       "Options:\n"
       "      --software-path=DIR    the suite's software folder; default: the one the registry names\n"
@@ -145,6 +161,10 @@ void StoreOption(CliRequest& request, const wxString& name, const wxString& valu
         request.tag = value;
     } else if (name == "yes")
         request.yes = true;
+    else if (name == "from-target")
+        request.target = value;
+    else if (name == "from-project")
+        request.fromProject = value;
 }
 
 } // namespace
@@ -221,6 +241,11 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
         return usageError("NEW.prj cannot be a map file (.mbd)");
     if (command->command == CliCommand::Configure && given.Index("target") == wxNOT_FOUND)
         return usageError("configure needs --target=HOST[:PORT]");
+    if (command->command == CliCommand::MapMode && request.arguments[1] != "automatic" && request.arguments[1] != "user")
+        return usageError("MODE must be 'automatic' or 'user'");
+    if (command->command == CliCommand::ImportMap
+        && (given.Index("from-target") == wxNOT_FOUND) == (given.Index("from-project") == wxNOT_FOUND))
+        return usageError("import-map needs one of --from-target=HOST[:PORT] and --from-project=OTHER.prj");
     parsed.outcome = ParsedCommandLine::Run;
     return parsed;
 }

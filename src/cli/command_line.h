@@ -5,7 +5,7 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
-enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure };
+enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap };
 
 struct CliRequest {
     wxString softwarePath; // empty: the installation named by the registry
@@ -17,6 +17,7 @@ struct CliRequest {
     bool tagGiven = false;
     wxString tag;
     bool yes = false;
+    wxString fromProject; // import-map --from-project (--from-target goes to `target`)
 };
 
 struct ParsedCommandLine {

@@ -38,6 +38,7 @@ void ConsoleUserInterface::Finish(bool failed, std::ostream& err)
 
 void ConsoleUserInterface::ShowMessage(const MessageForm& form)
 {
+    messageShown = true;
     if (holding)
         WriteLine(out, heldMessage);
     // Most boxes have the toolkit's default caption and show only their text; a caption of the

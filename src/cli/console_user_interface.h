@@ -22,6 +22,9 @@ public:
     // on an answer when no message followed.
     void Finish(bool failed, std::ostream& err);
 
+    // Whether a message box was shown: for the map commands, which show none on success.
+    bool MessageShown() const { return messageShown; }
+
     using UserInterface::ShowMessage;
     void ShowMessage(const MessageForm& form) override;
     bool AskYesNo(const QuestionForm& form) override;
@@ -50,6 +53,7 @@ private:
     bool holding = false;
     wxString heldMessage;
     wxString stopReason;
+    bool messageShown = false;
 };
 
 // One line of text on a console stream, in UTF-8, flushed: the suite's tools that run next write

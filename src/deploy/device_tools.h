@@ -2,6 +2,7 @@
 // and the restart.
 #pragma once
 
+#include <wx/arrstr.h>
 #include <wx/string.h>
 
 struct AppContext;
@@ -21,3 +22,9 @@ bool RebootDevice(AppContext& ctx, int a);
 
 // A folder of the build path, joined as the installation expects ("OUTPUT", "INCLUDE", ...).
 wxString BuildFolder(const AppContext& ctx, const char* name);
+
+// Copies a file of the gateway ("TG7/MBMAP1.csv") to `local` (ttgetfile); true on exit code 0.
+bool FetchDeviceFile(AppContext& ctx, const char* remote, const wxString& local);
+
+// The map the gateway is running (ttmbprint); true on exit code 0, `lines` then holds it.
+bool PrintDeviceMap(AppContext& ctx, wxArrayString& lines);

@@ -1,9 +1,34 @@
 #include "modbus/automatic_map.h"
 
 #include "app/app_context.h"
+#include "deploy/config_generator.h"
+#include "deploy/device_tools.h"
+#include "modbus/map_chain.h"
+#include "project/text_file.h"
 
-void GenerateAutomaticMap(AppContext&)
+void GenerateAutomaticMap(AppContext& ctx)
 {
-    // Filled in with the map chain (configuration build, inifile). Until then a save in
-    // automatic mode keeps the map lines the project already holds.
+    // Empty folder and name: the generator's defaults. Its failure is not reported here.
+    wxString errorText, outputFolder, outputName;
+    if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName))
+        return;
+    ctx.tools.SetWorkingDirectory(BuildFolder(ctx, "OUTPUT"));
+    WriteMapChainScript(ctx);
+    const long code =
+        ctx.tools.RunBlockingHidden(ctx.platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd"));
+    RemoveMapChainFile(ctx, "_temp.ini");
+    // Only a shell that could not be started counts; inifile's own exit code is not looked at.
+    if (code < 0) {
+        ctx.ui.ShowMessage(wxString::Format("Failed to generate Modbus map - inifile error code %ld", code));
+        return;
+    }
+    // A map file that cannot be read leaves the map as it was.
+    wxArrayString generated;
+    if (!ReadTextLines(MapChainFile(ctx, "_temp.mbd"), generated)) {
+        // "genrated" is misspelt on purpose: the message is kept as users and their notes know it.
+        ctx.ui.ShowMessage("Failed to read the auto genrated map file");
+        return;
+    }
+    ctx.project.modbusMapLines = generated;
+    RemoveMapChainFile(ctx, "_temp.mbd");
 }

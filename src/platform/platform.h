@@ -36,6 +36,9 @@ public:
     // redirected into `outputFile` (relative to the working directory of the run). Only command
     // lines the tool composes itself pass through here, never text a user typed.
     virtual wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const = 0;
+    // The command line that runs `command` through the platform's shell, without redirection.
+    // Only command lines the tool composes itself pass through here.
+    virtual wxString ShellCommand(const wxString& command) const = 0;
 };
 
 // The implementation for the platform the tool was built for.

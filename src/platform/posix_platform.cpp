@@ -122,6 +122,11 @@ wxString PosixPlatform::RedirectedCommand(const wxString& command, const wxStrin
     return "/bin/sh -c " + ExecuteArgument(command + " >" + ShellWord(outputFile));
 }
 
+wxString PosixPlatform::ShellCommand(const wxString& command) const
+{
+    return "/bin/sh -c " + ExecuteArgument(command);
+}
+
 std::unique_ptr<Platform> CreatePlatform()
 {
     return std::make_unique<PosixPlatform>();

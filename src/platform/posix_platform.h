@@ -19,6 +19,7 @@ public:
     wxArrayString InstalledSoftwareQueries() const override { return wxArrayString(); }
     wxArrayString FreeComPortNames() override;
     wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
+    wxString ShellCommand(const wxString& command) const override;
 
     static wxString DefaultRegistryFile();
     // The INI group of a registry key: hive name and key parts joined by "/".

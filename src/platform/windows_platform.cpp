@@ -88,6 +88,11 @@ wxString WindowsPlatform::RedirectedCommand(const wxString& command, const wxStr
     return "cmd.exe /C " + command + " >" + RedirectionTarget(outputFile);
 }
 
+wxString WindowsPlatform::ShellCommand(const wxString& command) const
+{
+    return "cmd.exe /C " + command;
+}
+
 std::unique_ptr<Platform> CreatePlatform()
 {
     return std::make_unique<WindowsPlatform>();

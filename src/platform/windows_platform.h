@@ -14,4 +14,5 @@ public:
     wxArrayString InstalledSoftwareQueries() const override;
     wxArrayString FreeComPortNames() override;
     wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
+    wxString ShellCommand(const wxString& command) const override;
 };

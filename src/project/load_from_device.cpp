@@ -6,18 +6,6 @@
 #include "project/project_commands.h"
 #include "project/text_file.h"
 
-namespace {
-
-// Fetches one gateway file; true when ttgetfile succeeded.
-bool Fetch(AppContext& ctx, const char* remote, const wxString& local)
-{
-    wxArrayString output;
-    return ctx.tools.RunCaptured(wxString::Format("ttgetfile \"%s\" %s \"%s\"", ctx.target.targetHost, remote, local),
-                                 output) == 0;
-}
-
-}  // namespace
-
 void LoadProjectFromDevice(AppContext& ctx)
 {
     if (!ConfirmDiscardUnsaved(ctx) || !PromptTargetAddress(ctx))
@@ -32,18 +20,18 @@ void LoadProjectFromDevice(AppContext& ctx)
 
     ctx.ui.BeginProgress("Downloading project file", "Load config from TG7\n");
     ctx.ui.PulseProgress("Load config from TG7\n");
-    if (!Fetch(ctx, "TG7/tgxconfig.prj", projectFile)) {
+    if (!FetchDeviceFile(ctx, "TG7/tgxconfig.prj", projectFile)) {
         ctx.ui.EndProgress();
         ctx.ui.ShowMessage("Failed to obtain configuration from TG7.");
         return;
     }
     ctx.ui.PulseProgress("Downloading modbus map");
     wxArrayString map;
-    const bool mapFetched = Fetch(ctx, "TG7/MBMAP1.csv", mapFile) && ReadTextLines(mapFile, map);
+    const bool mapFetched = FetchDeviceFile(ctx, "TG7/MBMAP1.csv", mapFile) && ReadTextLines(mapFile, map);
     // The map the gateway is running; it stands in when its map file could not be fetched.
     wxArrayString printed;
-    const long printCode = ctx.tools.RunCaptured(wxString::Format("ttmbprint \"%s\" -f=2", ctx.target.targetHost), printed);
-    if (!mapFetched && printCode == 0)
+    const bool printedOk = PrintDeviceMap(ctx, printed);
+    if (!mapFetched && printedOk)
         map = printed;
 
     wxArrayString lines;

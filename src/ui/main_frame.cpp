@@ -2,6 +2,10 @@
 
 #include "app/startup.h"
 #include "deploy/configure_device.h"
+#include "modbus/map_editing.h"
+#include "modbus/map_export_command.h"
+#include "modbus/map_import.h"
+#include "modbus/map_modes.h"
 #include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"
@@ -214,10 +218,22 @@ void MainFrame::OnScan(wxCommandEvent&) {}
 void MainFrame::OnDocumentation(wxCommandEvent&) {}
 void MainFrame::OnCheckForUpdates(wxCommandEvent&) {}
 void MainFrame::OnAbout(wxCommandEvent&) {}
-void MainFrame::OnEditModbusMap(wxCommandEvent&) {}
-void MainFrame::OnImportMapFromTG7(wxCommandEvent&) {}
-void MainFrame::OnImportMapFromProject(wxCommandEvent&) {}
-void MainFrame::OnAutomaticMap(wxCommandEvent&) {}
-void MainFrame::OnUserDefinedMap(wxCommandEvent&) {}
-void MainFrame::OnDeleteModbusMap(wxCommandEvent&) {}
-void MainFrame::OnExportMap(wxCommandEvent&) {}
+void MainFrame::OnEditModbusMap(wxCommandEvent&) { EditModbusMap(context); }
+void MainFrame::OnImportMapFromTG7(wxCommandEvent&) { ImportMapFromDevice(context); }
+void MainFrame::OnImportMapFromProject(wxCommandEvent&) { ImportMapFromProject(context); }
+void MainFrame::OnDeleteModbusMap(wxCommandEvent&) { DeleteModbusMap(context); }
+void MainFrame::OnExportMap(wxCommandEvent&) { ExportModbusMap(context); }
+
+// The clicked item is toggled back first: the menu shows the old mode until the change is
+// confirmed, and the refresh after a Yes sets both check marks from the project.
+void MainFrame::OnAutomaticMap(wxCommandEvent& event)
+{
+    m_menuItemAutomaticMap->Check(!event.IsChecked());
+    SwitchMapMode(context, true, event.IsChecked());
+}
+
+void MainFrame::OnUserDefinedMap(wxCommandEvent& event)
+{
+    m_menuItemUserDefinedMap->Check(!event.IsChecked());
+    SwitchMapMode(context, false, event.IsChecked());
+}

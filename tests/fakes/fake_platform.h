@@ -37,4 +37,5 @@ public:
     {
         return "cmd.exe /C " + command + " >" + outputFile;
     }
+    wxString ShellCommand(const wxString& command) const override { return "cmd.exe /C " + command; }
 };

@@ -3,6 +3,8 @@
 ToolReply ScriptedToolRunner::Next(const wxString& command, RunMode mode)
 {
     runs.push_back(ToolRun{command, mode, workingDirectory});
+    if (onRun)
+        onRun(command);
     if (replies.empty())
         return fallback;
     ToolReply reply = replies.front();

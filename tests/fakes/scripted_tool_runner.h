@@ -5,6 +5,7 @@
 #include "wx_test_support.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -36,6 +37,10 @@ public:
     void SetEnvironment(const wxString& name, const wxString& value) override;
 
     wxArrayString Commands() const;
+
+    // Called at every run before it replies, so a test can do what the tool would (write its
+    // output file) or look at the files the tool would find.
+    std::function<void(const wxString& command)> onRun;
 
 private:
     ToolReply Next(const wxString& command, RunMode mode);

@@ -1,0 +1,64 @@
+#include "modbus/map_editing.h"
+
+#include "app/app_context.h"
+#include "deploy/config_generator.h"
+#include "deploy/device_tools.h"
+#include "modbus/map_chain.h"
+#include "project/project_file.h"
+#include "project/text_file.h"
+
+#include <wx/filefn.h>
+#include <wx/log.h>
+
+bool EditModbusMap(AppContext& ctx)
+{
+    if (!CheckMapProject(ctx, true))
+        return false;
+    const wxString projectPath = ctx.project.projectFilePath.GetFullPath();
+    // The map file beside the project is what the editor starts from.
+    SaveProject(ctx, projectPath);
+    wxString errorText, outputFolder, outputName;
+    if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName))
+        return false;
+    ctx.tools.SetWorkingDirectory(BuildFolder(ctx, "OUTPUT"));
+    if (!wxFileExists(MapChainFile(ctx, "app.ini"))) {
+        ctx.ui.ShowMessage("Unable to locate or open file app.ini");
+        return false;
+    }
+    WriteMapChainScript(ctx);
+    // Unlike the automatic map, any exit code but 0 counts here.
+    const long datCode =
+        ctx.tools.RunBlockingHidden(ctx.platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -db", "_temp.dat"));
+    if (datCode != 0) {
+        ctx.ui.ShowMessage(wxString::Format("Unable to generate _temp.dat file from _temp.ini %ld", datCode));
+        RemoveMapChainFile(ctx, "_temp.ini");
+        RemoveMapChainFile(ctx, "_temp.dat");
+        return false;
+    }
+    RemoveMapChainFile(ctx, "_temp.ini");
+    if (ctx.tools.RunBlockingHidden(ctx.platform.ShellCommand("dbtojson _temp.dat _temp.json")) != 0) {
+        ctx.ui.ShowMessage("Unable to generate _temp.json file from _temp.dat");
+        RemoveMapChainFile(ctx, "_temp.dat");
+        RemoveMapChainFile(ctx, "_temp.json");
+        return false;
+    }
+    RemoveMapChainFile(ctx, "_temp.dat");
+    bool copied;
+    {
+        wxLogNull quiet;
+        copied = wxCopyFile(MapFilePath(projectPath), MapChainFile(ctx, "_temp.mbd"), true);
+    }
+    if (!copied) {
+        ctx.ui.ShowMessage("Unable to copy project modbus file to _temp.mbd");
+        RemoveMapChainFile(ctx, "_temp.json");
+        return false;
+    }
+    // The byte order is the float swap code. Waits until the editor is closed; its exit code says nothing the map file does not.
+    ctx.tools.RunBlockingHidden(
+        wxString::Format("mbedit /d _temp.json /m _temp.%s /s %d", "mbd", FloatSwapCode(ctx.project)));
+    RemoveMapChainFile(ctx, "_temp.json");
+    ReadTextLines(MapChainFile(ctx, "_temp.mbd"), ctx.project.modbusMapLines);
+    RemoveMapChainFile(ctx, "_temp.mbd");
+    SaveProject(ctx, projectPath);
+    return true;
+}

@@ -1,0 +1,24 @@
+#include "modbus/map_export_command.h"
+
+#include "app/app_context.h"
+#include "modbus/map_chain.h"
+#include "modbus/map_export.h"
+#include "project/text_file.h"
+
+void ExportModbusMap(AppContext& ctx)
+{
+    // A project never saved may be exported too.
+    if (!CheckMapProject(ctx, false))
+        return;
+    FileChoiceForm form;
+    form.title = "Export map as CSV or Text file";
+    form.folder = ctx.platform.DocumentsDir();
+    form.fileName = "data.csv";
+    form.wildcard = "CSV files (*.csv)|*.csv|Text files (*.txt)|*.txt";
+    form.save = true;
+    form.overwritePrompt = true;
+    if (!ctx.ui.ChooseFile(form))
+        return;
+    // The layout follows the chosen name alone, whatever filter was selected.
+    WriteTextLines(form.path, MapExportLines(form.path, ctx.project.modbusMapLines));
+}

@@ -1,0 +1,57 @@
+#include "modbus/map_import.h"
+
+#include "app/app_context.h"
+#include "deploy/device_tools.h"
+#include "modbus/map_chain.h"
+#include "project/project_file.h"
+#include "project/text_file.h"
+
+#include <wx/filefn.h>
+#include <wx/log.h>
+
+bool ImportMapFromDevice(AppContext& ctx)
+{
+    if (!CheckMapProject(ctx, true) || !PromptTargetAddress(ctx))
+        return false;
+    // The title's line break is deliberate: the dialog has always been titled so.
+    ctx.ui.BeginProgress("Load Modbus map from TG7\n", "Downloading modbus map");
+    ctx.ui.PulseProgress("Downloading modbus map");
+    const wxString localFile = ctx.env.TgxProjectPath + ctx.platform.PathSeparator() + "MBMAP1.csv";
+    if (FetchDeviceFile(ctx, "TG7/MBMAP1.csv", localFile)) {
+        // A file that cannot be read is not reported either.
+        ReadTextLines(localFile, ctx.project.modbusMapLines);
+        wxLogNull quiet;
+        wxRemoveFile(localFile);
+    } else {
+        wxArrayString printed;
+        if (PrintDeviceMap(ctx, printed))
+            ctx.project.modbusMapLines = printed;
+    }
+    ctx.ui.EndProgress();
+    SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());
+    return true;
+}
+
+void ImportMapFromProject(AppContext& ctx)
+{
+    if (!CheckMapProject(ctx, true))
+        return;
+    FileChoiceForm form;
+    form.title = "Load Modbus Map From Project";
+    form.folder = ctx.env.TgxProjectPath;
+    form.fileName = "*.prj";
+    form.wildcard = "*.prj";
+    form.mustExist = true;
+    if (!ctx.ui.ChooseFile(form) || form.path.empty())
+        return;
+    ImportMapFromProjectFile(ctx, form.path);
+}
+
+bool ImportMapFromProjectFile(AppContext& ctx, const wxString& otherProject)
+{
+    const bool read = ReadProjectMap(otherProject, ctx.project.modbusMapLines);
+    if (!read)
+        ctx.ui.ShowMessage("This project does not have a modbus map associated with it.");
+    SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());
+    return read;
+}
