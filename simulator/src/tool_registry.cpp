@@ -21,6 +21,10 @@ const ToolRow kTools[] = {
     {"ttgetfile", MakeGetFileTool},
     {"ttputfile", MakePutFileTool},
     {"ttmbprint", MakeMbPrintTool},
+    {"ttfirmware", MakeFirmwareTool},
+    {"tgxview", MakeLiveViewTool},
+    {"tgxfinder", MakeFinderTool},
+    {"updater", MakeUpdaterTool},
 };
 
 }  // namespace

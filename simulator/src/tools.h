@@ -14,5 +14,9 @@ std::unique_ptr<Tool> MakeGetFileTool();  // ttgetfile   file_transfer_tools.cpp
 std::unique_ptr<Tool> MakePutFileTool();  // ttputfile   file_transfer_tools.cpp
 std::unique_ptr<Tool> MakeMbPrintTool();  // ttmbprint   device_tools.cpp
 std::unique_ptr<Tool> MakeBuildTool();  // ttbuild     build_tool.cpp
+std::unique_ptr<Tool> MakeFirmwareTool();  // ttfirmware  maintenance_tools.cpp
+std::unique_ptr<Tool> MakeLiveViewTool();  // tgxview     maintenance_tools.cpp
+std::unique_ptr<Tool> MakeFinderTool();  // tgxfinder   maintenance_tools.cpp
+std::unique_ptr<Tool> MakeUpdaterTool();  // updater     maintenance_tools.cpp
 
 }  // namespace sim
