@@ -49,3 +49,15 @@ bool RebootDevice(AppContext& ctx, int a)
     return ctx.tools.RunCaptured(wxString::Format("ttreboot \"%s\" -s=%d -w -a=%d", ctx.target.targetHost, 60, a),
                                  output) == 0;
 }
+
+bool FetchDeviceFile(AppContext& ctx, const char* remote, const wxString& local)
+{
+    wxArrayString output;
+    return ctx.tools.RunCaptured(wxString::Format("ttgetfile \"%s\" %s \"%s\"", ctx.target.targetHost, remote, local),
+                                 output) == 0;
+}
+
+long PrintDeviceMap(AppContext& ctx, wxArrayString& lines)
+{
+    return ctx.tools.RunCaptured(wxString::Format("ttmbprint \"%s\" -f=2", ctx.target.targetHost), lines);
+}

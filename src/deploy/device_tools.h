@@ -2,6 +2,7 @@
 // and the restart.
 #pragma once
 
+#include <wx/arrstr.h>
 #include <wx/string.h>
 
 struct AppContext;
@@ -21,3 +22,9 @@ bool RebootDevice(AppContext& ctx, int a);
 
 // A folder of the build path, joined as the installation expects ("OUTPUT", "INCLUDE", ...).
 wxString BuildFolder(const AppContext& ctx, const char* name);
+
+// Fetches a file of the gateway (ttgetfile) to a local path; true when the tool succeeded.
+bool FetchDeviceFile(AppContext& ctx, const char* remote, const wxString& local);
+
+// The gateway's running Modbus map as ttmbprint prints it; the tool's exit code.
+long PrintDeviceMap(AppContext& ctx, wxArrayString& lines);

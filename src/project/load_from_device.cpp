@@ -19,9 +19,7 @@ namespace {
 // Fetches one gateway file; true when ttgetfile succeeded.
 bool Fetch(AppContext& ctx, const char* remote, const wxString& local)
 {
-    wxArrayString output;
-    return ctx.tools.RunCaptured(wxString::Format("ttgetfile \"%s\" %s \"%s\"", ctx.target.targetHost, remote, local),
-                                 output) == 0;
+    return FetchDeviceFile(ctx, remote, local);
 }
 
 void Remove(const wxString& file)
@@ -56,7 +54,7 @@ void LoadProjectFromDevice(AppContext& ctx)
     const bool mapFetched = Fetch(ctx, "TG7/MBMAP1.csv", mapFile) && ReadTextLines(mapFile, map);
     // The map the gateway is running; it stands in when its map file could not be fetched.
     wxArrayString printed;
-    const long printCode = ctx.tools.RunCaptured(wxString::Format("ttmbprint \"%s\" -f=2", ctx.target.targetHost), printed);
+    const long printCode = PrintDeviceMap(ctx, printed);
     if (!mapFetched && printCode == 0)
         map = printed;
 

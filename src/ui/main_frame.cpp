@@ -1,12 +1,17 @@
 #include "ui/main_frame.h"
 
+#include "app/small_commands.h"
 #include "app/startup.h"
 #include "deploy/configure_device.h"
+#include "deploy/firmware_update.h"
+#include "deploy/maintenance_commands.h"
 #include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"
 #include "project/project_commands.h"
 #include "project/panel_view.h"
+#include "remote/options_editing.h"
+#include "ui/about_box.h"
 
 // Windows takes the icon from the program's resources (tgxconfig.rc), with its small size too.
 #ifndef wxHAS_IMAGES_IN_RESOURCES
@@ -108,6 +113,15 @@ void MainFrame::OnSaveAs(wxCommandEvent&) { SaveProjectAs(context); }
 void MainFrame::OnCloseProject(wxCommandEvent&) { CloseProject(context); }
 void MainFrame::OnLoadFromTG7(wxCommandEvent&) { LoadProjectFromDevice(context); }
 void MainFrame::OnConfigure(wxCommandEvent&) { ConfigureDevice(context); }
+void MainFrame::OnUpdateFirmware(wxCommandEvent&) { UpdateFirmware(context); }
+void MainFrame::OnUploadInstallers(wxCommandEvent&) { UploadInstallers(context); }
+void MainFrame::OnReboot(wxCommandEvent&) { RebootTarget(context); }
+void MainFrame::OnOptions(wxCommandEvent&) { EditOptions(context); }
+void MainFrame::OnViewLiveData(wxCommandEvent&) { ViewLiveData(context); }
+void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) { ChangeNetworkSettings(context); }
+void MainFrame::OnDocumentation(wxCommandEvent&) { OpenDocumentation(context); }
+void MainFrame::OnCheckForUpdates(wxCommandEvent&) { CheckForUpdates(context); }
+void MainFrame::OnAbout(wxCommandEvent&) { ShowAboutBox(env, GetIcon()); }
 
 void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
 void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
@@ -159,17 +173,8 @@ void MainFrame::OnCommandDoubleClick(wxMouseEvent& event)
 
 // Commands that later work fills in. They are bound now so that every menu item already
 // reaches its own handler.
-void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) {}
-void MainFrame::OnUpdateFirmware(wxCommandEvent&) {}
-void MainFrame::OnUploadInstallers(wxCommandEvent&) {}
-void MainFrame::OnReboot(wxCommandEvent&) {}
-void MainFrame::OnViewLiveData(wxCommandEvent&) {}
-void MainFrame::OnOptions(wxCommandEvent&) {}
 void MainFrame::OnRemoteComPort(wxCommandEvent&) {}
 void MainFrame::OnScan(wxCommandEvent&) {}
-void MainFrame::OnDocumentation(wxCommandEvent&) {}
-void MainFrame::OnCheckForUpdates(wxCommandEvent&) {}
-void MainFrame::OnAbout(wxCommandEvent&) {}
 void MainFrame::OnEditModbusMap(wxCommandEvent&) {}
 void MainFrame::OnImportMapFromTG7(wxCommandEvent&) {}
 void MainFrame::OnImportMapFromProject(wxCommandEvent&) {}
