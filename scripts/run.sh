@@ -22,6 +22,9 @@ Path=$run/installation/tgxconnect/
 Version=2.4.1
 INI
 
+# The suite's update checker sits in the software folder (Help > Check For Updates).
+ln -sf "$build/simulator/bin/updater" "$run/installation/updater"
+
 export TGX_REGISTRY=$run/registry.ini
 # The gateway simulator stands in for the suite's tools; its gateway is kept in the build folder.
 export PATH="$build/simulator/bin:$PATH"

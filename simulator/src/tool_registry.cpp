@@ -11,7 +11,7 @@ struct ToolRow {
     std::unique_ptr<Tool> (*make)();
 };
 
-// Still to come: ttfirmware, ttvsp, pfmux, inifile, dbtojson, mbedit, tgxview, tgxfinder, updater.
+// Still to come: ttvsp, pfmux, inifile, dbtojson, mbedit.
 // A new row here, its name in simulator/CMakeLists.txt, and the tool is on PATH.
 const ToolRow kTools[] = {
     {"ttdevtype", MakeDevTypeTool},
@@ -24,6 +24,10 @@ const ToolRow kTools[] = {
     {"inifile", MakeIniFileTool},
     {"dbtojson", MakeDbToJsonTool},
     {"mbedit", MakeMbEditTool},
+    {"ttfirmware", MakeFirmwareTool},
+    {"tgxview", MakeLiveViewTool},
+    {"tgxfinder", MakeFinderTool},
+    {"updater", MakeUpdaterTool},
 };
 
 }  // namespace

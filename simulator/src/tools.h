@@ -17,5 +17,9 @@ std::unique_ptr<Tool> MakeBuildTool();  // ttbuild     build_tool.cpp
 std::unique_ptr<Tool> MakeIniFileTool();  // inifile     map_tools.cpp
 std::unique_ptr<Tool> MakeDbToJsonTool();  // dbtojson    map_tools.cpp
 std::unique_ptr<Tool> MakeMbEditTool();  // mbedit      map_tools.cpp
+std::unique_ptr<Tool> MakeFirmwareTool();  // ttfirmware  maintenance_tools.cpp
+std::unique_ptr<Tool> MakeLiveViewTool();  // tgxview     maintenance_tools.cpp
+std::unique_ptr<Tool> MakeFinderTool();  // tgxfinder   maintenance_tools.cpp
+std::unique_ptr<Tool> MakeUpdaterTool();  // updater     maintenance_tools.cpp
 
 }  // namespace sim

@@ -61,6 +61,15 @@ struct CommandForm {
     bool writeCommand = false;
 };
 
+// The options dialog ("Options"): the six port numbers as typed, in the order of the dialog's
+// rows (virtual serial port, Modbus TCP/IP, Modbus encapsulated, intercom, syslog, HART IP),
+// and the time server.
+struct OptionsForm {
+    wxString ports[6];
+    wxString timeServerAddress;
+    bool useTimeServer = false;
+};
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -80,6 +89,7 @@ public:
     // The dialogs: false when cancelled, else the form holds what was entered.
     virtual bool EditDevice(DeviceForm& form) = 0;
     virtual bool EditCommand(CommandForm& form) = 0;
+    virtual bool EditOptions(OptionsForm& form) = 0;
 
     // Rewrites the main panel and menus from the project.
     virtual void RefreshPanel() = 0;

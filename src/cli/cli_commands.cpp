@@ -5,6 +5,8 @@
 #include "deploy/config_generator.h"
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
+#include "deploy/firmware_update.h"
+#include "deploy/maintenance_commands.h"
 #include "cli/console_user_interface.h"
 #include "modbus/map_editing.h"
 #include "modbus/map_export.h"
@@ -12,6 +14,7 @@
 #include "modbus/map_modes.h"
 #include "project/command_list.h"
 #include "project/device_list.h"
+#include "project/load_from_device.h"
 #include "project/project_check.h"
 #include "project/project_commands.h"
 #include "project/project_file.h"
@@ -227,10 +230,50 @@ int ImportMap(Session& s, const CliRequest& request, std::ostream& err)
     return FinishMapCommand(s, ImportMapFromDevice(s.ctx), err);
 }
 
+// The commands that work on the gateway alone start as the desktop tool does: the default project,
+// none open, the address answered from --target.
+int RunGatewayCommand(Session& s, const CliRequest& request, std::ostream& err)
+{
+    LoadDefaultProject(s.project);
+    s.project.projectSaved = 1;
+    s.project.projectOpen = 0;
+    s.ui.AnswerEntry(kTargetAddressPrompt, request.target);
+    bool done = false;
+    switch (request.command) {
+    case CliCommand::Fetch: {
+        const wxString path = AbsolutePath(request.arguments[0]);
+        LoadProjectFromDevice(s.ctx);
+        if (s.project.projectOpen == 1) {
+            s.project.projectFilePath.Assign(path);
+            done = SaveProject(s.ctx, path);
+            if (!done)
+                s.ui.ShowMessage("tgxcfg: cannot write " + request.arguments[0] + " or its map file");
+        }
+        break;
+    }
+    case CliCommand::UpdateFirmware: done = UpdateFirmware(s.ctx); break;
+    case CliCommand::UploadInstallers: done = UploadInstallers(s.ctx); break;
+    case CliCommand::Reboot: done = RebootTarget(s.ctx); break;
+    default: break;
+    }
+    s.ui.Finish(!done, err);
+    return done ? kSuccess : kFailure;
+}
+
 } // namespace
 
 int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& err)
 {
+    if (request.command == CliCommand::Fetch || request.command == CliCommand::UpdateFirmware
+        || request.command == CliCommand::UploadInstallers || request.command == CliCommand::Reboot) {
+        auto session = std::make_unique<Session>(request.yes, out);
+        MessageForm fault;
+        if (!ReadCliInstallation(*session, request.softwarePath, fault)) {
+            WriteLine(err, fault.text);
+            return kFailure;
+        }
+        return RunGatewayCommand(*session, request, err);
+    }
     // Every path is made absolute before anything changes the current folder.
     const wxString projectPath = AbsolutePath(request.arguments[0]);
     const wxString secondPath = request.arguments.size() > 1 ? AbsolutePath(request.arguments[1]) : wxString();
@@ -256,6 +299,7 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
     case CliCommand::MapMode: return MapMode(*session, request.arguments[1], err);
     case CliCommand::ImportMap: return ImportMap(*session, request, err);
     case CliCommand::EditMap: return FinishMapCommand(*session, EditModbusMap(session->ctx), err);
+    default: break;
     }
     return kFailure;
 }

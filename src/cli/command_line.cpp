@@ -75,6 +75,38 @@ const CommandEntry kCommands[] = {
     {"edit-map", CliCommand::EditMap, 1, {"PROJECT"}, {}, "edit-map PROJECT",
         "Modbus > Edit the Modbus Map: saves the project, builds its configuration, runs the map editor\n"
         "(mbedit) on the data points and the map, and saves the edited map with the project.\n"},
+    {"fetch", CliCommand::Fetch, 1, {"NEW.prj"}, {{"target", true}}, "fetch --target=HOST[:PORT] NEW.prj",
+        "Project > Load From TG7 on the console: the project and the Modbus map that the gateway keeps\n"
+        "are fetched and saved as NEW.prj with its map file (.mbd) beside it: a backup of what the\n"
+        "gateway runs.\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"},
+    {"update-firmware", CliCommand::UpdateFirmware, 0, {}, {{"target", true}, {"yes", false}},
+        "update-firmware --target=HOST[:PORT] [--yes]",
+        "Target > Update Firmware on the console: installs the firmware of the installed software with\n"
+        "its manuals and web page, then rebuilds the gateway's configuration from the project the\n"
+        "gateway carries and restarts it. The migrated project is kept as migrateTemp.prj in the\n"
+        "installation's project folder until the update has succeeded.\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"
+        "  --yes                  answer Yes to the question; without it the command stops there\n"},
+    {"upload-installers", CliCommand::UploadInstallers, 0, {}, {{"target", true}, {"yes", false}},
+        "upload-installers --target=HOST[:PORT] [--yes]",
+        "Target > Upload Installers on the console: the TGx Software Suite and TGxConnect installers\n"
+        "go to the gateway's downloads folder, the second only when the first arrived.\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"
+        "  --yes                  answer Yes to the question; without it the command stops there\n"},
+    {"reboot", CliCommand::Reboot, 0, {}, {{"target", true}}, "reboot --target=HOST[:PORT]",
+        "Target > Reboot on the console: restarts the gateway. A failed restart prints\n"
+        "\"ERROR : Failed to reboot TG7\" and then \"Done\", as the desktop tool shows them, and exits\n"
+        "with 1.\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"},
 };
 
 const char kGeneralHelp[]
@@ -94,6 +126,14 @@ const char kGeneralHelp[]
       "  import-map PROJECT --from-target=HOST[:PORT] | --from-project=OTHER.prj\n"
       "                             replace the map with the gateway's or another project's\n"
       "  edit-map PROJECT           edit the map in the map editor (mbedit)\n"
+      "  fetch --target=HOST[:PORT] NEW.prj\n"
+      "                             save the gateway's own project and map as NEW.prj\n"
+      "  update-firmware --target=HOST[:PORT]\n"
+      "                             update the firmware and carry the gateway's project across\n"
+      "  upload-installers --target=HOST[:PORT]\n"
+      "                             put the software installers on the gateway's web page\n"
+      "  reboot --target=HOST[:PORT]\n"
+      "                             restart the gateway\n"
       "\n"
       "Options:\n"
       "      --software-path=DIR    the suite's software folder; default: the one the registry names\n"
@@ -246,6 +286,9 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
     if (command->command == CliCommand::ImportMap
         && (given.Index("from-target") == wxNOT_FOUND) == (given.Index("from-project") == wxNOT_FOUND))
         return usageError("import-map needs one of --from-target=HOST[:PORT] and --from-project=OTHER.prj");
+    for (const CliCommand gateway : {CliCommand::Fetch, CliCommand::UpdateFirmware, CliCommand::UploadInstallers, CliCommand::Reboot})
+        if (command->command == gateway && given.Index("target") == wxNOT_FOUND)
+            return usageError(wxString(command->name) + " needs --target=HOST[:PORT]");
     parsed.outcome = ParsedCommandLine::Run;
     return parsed;
 }

@@ -5,7 +5,7 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
-enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap };
+enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap, Fetch, UpdateFirmware, UploadInstallers, Reboot };
 
 struct CliRequest {
     wxString softwarePath; // empty: the installation named by the registry

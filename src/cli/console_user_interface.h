@@ -37,6 +37,7 @@ public:
     // No dialogs either: nothing tgxcfg runs edits a device or a command.
     bool EditDevice(DeviceForm& form) override;
     bool EditCommand(CommandForm& form) override;
+    bool EditOptions(OptionsForm&) override { return false; }
     void RefreshPanel() override { }
     void RefreshCommandList() override { }
     void ShowStatus(const wxString&) override { }

@@ -26,6 +26,10 @@ public:
     // Command line of the silent update check run at every start, with the software folder as
     // the current directory; empty when there is no updater to run.
     virtual wxString SilentUpdaterCommand(const wxString& softwarePath) const = 0;
+    // The same for the update check the user asks for (Help > Check For Updates).
+    virtual wxString UpdaterCommand(const wxString& softwarePath) const = 0;
+    // Opens a document with the program the system associates with it; nothing is reported.
+    virtual void OpenWithDefaultApplication(const wxString& path) = 0;
     // Command lines that list the installed software, one display name per output line.
     virtual wxArrayString InstalledSoftwareQueries() const = 0;
 

@@ -111,6 +111,21 @@ wxString PosixPlatform::SilentUpdaterCommand(const wxString& softwarePath) const
     return "./updater /silent";
 }
 
+wxString PosixPlatform::UpdaterCommand(const wxString& softwarePath) const
+{
+    return wxFileName::IsFileExecutable(softwarePath + "updater") ? wxString("./updater") : wxString();
+}
+
+void PosixPlatform::OpenWithDefaultApplication(const wxString& path)
+{
+    // wxLaunchDefaultApplication lives in the GUI library here; xdg-open is what it runs. Started
+    // without a shell, so no character of the path is interpreted.
+    const wxString opener = "xdg-open";
+    const wxChar* const argv[] = {opener.wc_str(), path.wc_str(), nullptr};
+    wxLogNull quiet;
+    wxExecute(argv, wxEXEC_ASYNC);
+}
+
 wxArrayString PosixPlatform::FreeComPortNames()
 {
     return ScanFreeComPortNames(comPortProbe ? comPortProbe : TakenComPortListProbe());

@@ -16,6 +16,8 @@ public:
     wxString PathSeparator() const override { return "/"; }
     wxString DocumentsDir() const override;
     wxString SilentUpdaterCommand(const wxString& softwarePath) const override;
+    wxString UpdaterCommand(const wxString& softwarePath) const override;
+    void OpenWithDefaultApplication(const wxString& path) override;
     wxArrayString InstalledSoftwareQueries() const override { return wxArrayString(); }
     wxArrayString FreeComPortNames() override;
     wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;

@@ -10,6 +10,7 @@
 #include <wx/msw/registry.h>
 #include <wx/msw/wrapwin.h>
 #include <wx/stdpaths.h>
+#include <wx/utils.h>
 
 namespace {
 
@@ -66,6 +67,13 @@ wxString WindowsPlatform::SilentUpdaterCommand(const wxString&) const
 {
     return "powershell \".\\updater.exe /silent\"";
 }
+
+wxString WindowsPlatform::UpdaterCommand(const wxString&) const
+{
+    return "powershell \".\\updater.exe\"";
+}
+
+void WindowsPlatform::OpenWithDefaultApplication(const wxString& path) { wxLaunchDefaultApplication(path); }
 
 wxArrayString WindowsPlatform::InstalledSoftwareQueries() const
 {

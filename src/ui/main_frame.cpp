@@ -1,17 +1,22 @@
 #include "ui/main_frame.h"
 
+#include "app/small_commands.h"
 #include "app/startup.h"
 #include "deploy/configure_device.h"
 #include "modbus/map_editing.h"
 #include "modbus/map_export_command.h"
 #include "modbus/map_import.h"
 #include "modbus/map_modes.h"
+#include "deploy/firmware_update.h"
+#include "deploy/maintenance_commands.h"
 #include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"
 #include "project/project_commands.h"
 #include "project/panel_view.h"
 #include "ui/desktop_tool_runner.h"
+#include "remote/options_editing.h"
+#include "ui/about_box.h"
 
 // Windows takes the icon from the program's resources (tgxconfig.rc), with its small size too.
 #ifndef wxHAS_IMAGES_IN_RESOURCES
@@ -156,6 +161,15 @@ void MainFrame::OnSaveAs(wxCommandEvent&) { TakePendingRtuAddress(); SaveProject
 void MainFrame::OnCloseProject(wxCommandEvent&) { TakePendingRtuAddress(); CloseProject(context); }
 void MainFrame::OnLoadFromTG7(wxCommandEvent&) { LoadProjectFromDevice(context); }
 void MainFrame::OnConfigure(wxCommandEvent&) { TakePendingRtuAddress(); ConfigureDevice(context); }
+void MainFrame::OnUpdateFirmware(wxCommandEvent&) { UpdateFirmware(context); }
+void MainFrame::OnUploadInstallers(wxCommandEvent&) { UploadInstallers(context); }
+void MainFrame::OnReboot(wxCommandEvent&) { RebootTarget(context); }
+void MainFrame::OnOptions(wxCommandEvent&) { EditOptions(context); }
+void MainFrame::OnViewLiveData(wxCommandEvent&) { ViewLiveData(context); }
+void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) { ChangeNetworkSettings(context); }
+void MainFrame::OnDocumentation(wxCommandEvent&) { OpenDocumentation(context); }
+void MainFrame::OnCheckForUpdates(wxCommandEvent&) { CheckForUpdates(context); }
+void MainFrame::OnAbout(wxCommandEvent&) { ShowAboutBox(env, GetIcon()); }
 
 void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
 void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
@@ -207,17 +221,9 @@ void MainFrame::OnCommandDoubleClick(wxMouseEvent& event)
 
 // Commands that later work fills in. They are bound now so that every menu item already
 // reaches its own handler.
-void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) {}
-void MainFrame::OnUpdateFirmware(wxCommandEvent&) {}
-void MainFrame::OnUploadInstallers(wxCommandEvent&) {}
-void MainFrame::OnReboot(wxCommandEvent&) {}
-void MainFrame::OnViewLiveData(wxCommandEvent&) {}
-void MainFrame::OnOptions(wxCommandEvent&) {}
 void MainFrame::OnRemoteComPort(wxCommandEvent&) {}
 void MainFrame::OnScan(wxCommandEvent&) {}
-void MainFrame::OnDocumentation(wxCommandEvent&) {}
-void MainFrame::OnCheckForUpdates(wxCommandEvent&) {}
-void MainFrame::OnAbout(wxCommandEvent&) {}
+
 void MainFrame::OnEditModbusMap(wxCommandEvent&) { EditModbusMap(context); }
 void MainFrame::OnImportMapFromTG7(wxCommandEvent&) { ImportMapFromDevice(context); }
 void MainFrame::OnImportMapFromProject(wxCommandEvent&) { ImportMapFromProject(context); }

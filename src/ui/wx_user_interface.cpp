@@ -2,6 +2,7 @@
 
 #include "project/cmd_dialog.h"
 #include "project/device_dialog.h"
+#include "remote/options_dialog.h"
 #include "ui/main_frame.h"
 
 #include <wx/evtloop.h>
@@ -179,4 +180,16 @@ void WxUserInterface::ShowStatus(const wxString& text)
     frame.SetStatusText(text, 0);
     if (scripted != nullptr)
         scripted->ShowStatus(text);
+}
+
+bool WxUserInterface::EditOptions(OptionsForm& form)
+{
+    if (scripted != nullptr)
+        return scripted->EditOptions(form);
+    OptionsDialog dialog(&frame);
+    dialog.TransferFormToWindow(form);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    dialog.TransferWindowToForm(form);
+    return true;
 }

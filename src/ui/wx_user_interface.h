@@ -26,6 +26,7 @@ public:
     void EndProgress() override;
     bool EditDevice(DeviceForm& form) override;
     bool EditCommand(CommandForm& form) override;
+    bool EditOptions(OptionsForm& form) override;
     void RefreshPanel() override;
     void RefreshCommandList() override;
     void ShowStatus(const wxString& text) override;

@@ -31,6 +31,9 @@ public:
     wxString PathSeparator() const override { return separator; }
     wxString DocumentsDir() const override { return documentsDir; }
     wxString SilentUpdaterCommand(const wxString&) const override { return updaterCommand; }
+    wxString UpdaterCommand(const wxString&) const override { return "powershell \".\\updater.exe\""; }
+    void OpenWithDefaultApplication(const wxString& path) override { openedDocuments.Add(path); }
+    wxArrayString openedDocuments;
     wxArrayString InstalledSoftwareQueries() const override { return queries; }
     wxArrayString FreeComPortNames() override { return freeComPorts; }
     wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override

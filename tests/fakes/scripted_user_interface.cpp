@@ -123,3 +123,10 @@ void ScriptedUserInterface::WaitSeconds(int seconds)
 {
     events.push_back(wxString::Format("wait %d", seconds));
 }
+
+bool ScriptedUserInterface::EditOptions(OptionsForm& form)
+{
+    optionsForms.push_back(form);
+    events.push_back("options dialog");
+    return TakeDialogAnswer(optionsAnswers, form, "options dialog", unanswered);
+}

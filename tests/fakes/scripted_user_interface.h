@@ -18,6 +18,7 @@ public:
     // Dialog answers: each changes the form as a user would and returns whether OK was pressed.
     std::deque<std::function<bool(DeviceForm&)>> deviceAnswers;
     std::deque<std::function<bool(CommandForm&)>> commandAnswers;
+    std::deque<std::function<bool(OptionsForm&)>> optionsAnswers;
 
     // What was shown, in order of kind, and `events` in overall order ("message: ...").
     std::vector<MessageForm> messages;
@@ -26,6 +27,7 @@ public:
     std::vector<FileChoiceForm> fileForms;
     std::vector<DeviceForm> deviceForms;    // as the dialog was opened
     std::vector<CommandForm> commandForms;  // as the dialog was opened
+    std::vector<OptionsForm> optionsForms;  // as the dialog was opened
     std::vector<wxString> progress;
     std::vector<wxString> statuses;
     std::vector<wxString> events;
@@ -43,6 +45,7 @@ public:
     void EndProgress() override;
     bool EditDevice(DeviceForm& form) override;
     bool EditCommand(CommandForm& form) override;
+    bool EditOptions(OptionsForm& form) override;
     void RefreshPanel() override;
     void RefreshCommandList() override;
     void WaitSeconds(int seconds) override;  // recorded, not waited
