@@ -2,6 +2,9 @@
 
 #include "app/startup.h"
 #include "deploy/configure_device.h"
+#include "mux/mux_scan.h"
+#include "mux/mux_scan_frame.h"
+#include "remote/remote_com_port.h"
 #include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"
@@ -23,6 +26,25 @@ MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scrip
     SetIcon(wxICON(icon_program));
     CreateStatusBar(1);
     startedUp = RunStartup(context);
+}
+
+MainFrame::~MainFrame()
+{
+    if (muxScanFrame != nullptr)
+        muxScanFrame->Destroy();
+}
+
+MuxScanWindow* MainFrame::OpenMuxScanFrame()
+{
+    m_menuItemScan->Enable(false);
+    muxScanFrame = new MUXScanFrame(context, [this] {
+        m_menuItemScan->Enable(true);
+        muxScanFrame = nullptr;
+    });
+    const wxRect rect = GetScreenRect();
+    muxScanFrame->Move(rect.GetLeft() + rect.GetWidth() - 1, rect.GetTop());
+    muxScanFrame->Show();
+    return muxScanFrame;
 }
 
 void MainFrame::RefreshPanelFromProject()
@@ -108,6 +130,8 @@ void MainFrame::OnSaveAs(wxCommandEvent&) { SaveProjectAs(context); }
 void MainFrame::OnCloseProject(wxCommandEvent&) { CloseProject(context); }
 void MainFrame::OnLoadFromTG7(wxCommandEvent&) { LoadProjectFromDevice(context); }
 void MainFrame::OnConfigure(wxCommandEvent&) { ConfigureDevice(context); }
+void MainFrame::OnRemoteComPort(wxCommandEvent&) { RemoteComPortCommand(context); }
+void MainFrame::OnScan(wxCommandEvent&) { MuxScanCommand(context); }
 
 void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
 void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
@@ -165,8 +189,6 @@ void MainFrame::OnUploadInstallers(wxCommandEvent&) {}
 void MainFrame::OnReboot(wxCommandEvent&) {}
 void MainFrame::OnViewLiveData(wxCommandEvent&) {}
 void MainFrame::OnOptions(wxCommandEvent&) {}
-void MainFrame::OnRemoteComPort(wxCommandEvent&) {}
-void MainFrame::OnScan(wxCommandEvent&) {}
 void MainFrame::OnDocumentation(wxCommandEvent&) {}
 void MainFrame::OnCheckForUpdates(wxCommandEvent&) {}
 void MainFrame::OnAbout(wxCommandEvent&) {}
