@@ -11,7 +11,7 @@ struct ToolRow {
     std::unique_ptr<Tool> (*make)();
 };
 
-// Still to come: ttfirmware, ttvsp, pfmux, inifile, dbtojson, mbedit, tgxview, tgxfinder, updater.
+// Still to come: ttfirmware, inifile, dbtojson, mbedit, tgxview, tgxfinder, updater.
 // A new row here, its name in simulator/CMakeLists.txt, and the tool is on PATH.
 const ToolRow kTools[] = {
     {"ttdevtype", MakeDevTypeTool},
@@ -21,6 +21,8 @@ const ToolRow kTools[] = {
     {"ttgetfile", MakeGetFileTool},
     {"ttputfile", MakePutFileTool},
     {"ttmbprint", MakeMbPrintTool},
+    {"ttvsp", MakeVspTool},
+    {"pfmux", MakeMuxTool},
 };
 
 }  // namespace

@@ -15,4 +15,7 @@ std::unique_ptr<Tool> MakePutFileTool();  // ttputfile   file_transfer_tools.cpp
 std::unique_ptr<Tool> MakeMbPrintTool();  // ttmbprint   device_tools.cpp
 std::unique_ptr<Tool> MakeBuildTool();  // ttbuild     build_tool.cpp
 
+std::unique_ptr<Tool> MakeVspTool();  // ttvsp       mux_tools.cpp
+std::unique_ptr<Tool> MakeMuxTool();  // pfmux       mux_tools.cpp
+
 }  // namespace sim
