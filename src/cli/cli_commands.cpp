@@ -6,6 +6,7 @@
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
 #include "cli/console_user_interface.h"
+#include "cli/mux_cli_commands.h"
 #include "modbus/map_export.h"
 #include "project/command_list.h"
 #include "project/device_list.h"
@@ -194,7 +195,7 @@ int Configure(Session& s, const CliRequest& request, std::ostream& err)
 int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& err)
 {
     // Every path is made absolute before anything changes the current folder.
-    const wxString projectPath = AbsolutePath(request.arguments[0]);
+    const wxString projectPath = request.arguments.empty() ? wxString() : AbsolutePath(request.arguments[0]);
     const wxString secondPath = request.arguments.size() > 1 ? AbsolutePath(request.arguments[1]) : wxString();
 
     auto session = std::make_unique<Session>(request.yes, out);
@@ -203,7 +204,12 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
         WriteLine(err, fault.text);
         return kFailure;
     }
-    if (!LoadProject(*session, projectPath, request.arguments[0], err))
+    // The multiplexer commands and vcp without PROJECT work on the default project, as the window
+    // does before a project is opened.
+    const bool ownProject = request.command == CliCommand::MuxScan || request.command == CliCommand::MuxRebuild;
+    if (ownProject || projectPath.empty())
+        LoadDefaultProject(session->project);
+    else if (!LoadProject(*session, projectPath, request.arguments[0], err))
         return kFailure;
 
     switch (request.command) {
@@ -215,6 +221,9 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
     case CliCommand::ExportMap: return ExportMap(*session, secondPath, request.arguments[1], err);
     case CliCommand::Check: return Check(*session, out);
     case CliCommand::Configure: return Configure(*session, request, err);
+    case CliCommand::Vcp: return RunVcp(session->ctx, session->ui, request, out, err);
+    case CliCommand::MuxScan: return RunMuxScan(session->ctx, session->ui, request, projectPath, err);
+    case CliCommand::MuxRebuild: return RunMuxRebuild(session->ctx, session->ui, request, out, err);
     }
     return kFailure;
 }

@@ -5,7 +5,7 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
-enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure };
+enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, Vcp, MuxScan, MuxRebuild };
 
 struct CliRequest {
     wxString softwarePath; // empty: the installation named by the registry
@@ -17,6 +17,14 @@ struct CliRequest {
     bool tagGiven = false;
     wxString tag;
     bool yes = false;
+    // vcp: the dialog's fields; given ones make it the dialog's OK.
+    bool vcpChange = false;
+    wxString com, address, port;
+    // mux-scan and mux-rebuild
+    wxString baud = "9600";
+    wxString add;      // empty: print the rows only
+    wxString loops = "all";
+    wxString method = "address0";
 };
 
 struct ParsedCommandLine {

@@ -40,8 +40,14 @@ public:
     void RefreshPanel() override { }
     void RefreshCommandList() override { }
     void ShowStatus(const wxString&) override { }
-    // The pause lets a person read the last step in the progress dialog; a console keeps it.
-    void WaitSeconds(int) override { }
+    // The pause lets a person read the last step in the progress dialog; a console keeps it,
+    // unless the waits give a gateway or a multiplexer time (waitForReal).
+    void WaitSeconds(int seconds) override
+    {
+        if (waitForReal)
+            wxSleep(seconds);
+    }
+    bool waitForReal = false;
 
     // The dialogs that tgxcfg's options answer; without an answer the dialog is cancelled.
     std::function<bool(RemoteForm&)> remoteAnswer;

@@ -8,6 +8,7 @@
 #include "remote/remote_com_port.h"
 
 #include <wx/filefn.h>
+#include <wx/filename.h>
 #include <wx/log.h>
 
 const char* const kMuxBaudRates[7] = {"4800", "9600", "19200", "38400", "57600", "76800", "115200"};
@@ -158,6 +159,8 @@ bool MuxScanCommand(AppContext& ctx)
     ctx.ui.RefreshPanel();
     const wxString baseProject = ctx.env.TgxProjectPath + ctx.platform.PathSeparator() + "MUXempty.prj";
     project.projectFilePath.Assign(baseProject);
+    // The build takes its project copy from this file: the folder must be there.
+    wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     SaveProject(ctx, baseProject);
 
     // "managment": the progress title as users have always seen it.
