@@ -57,7 +57,9 @@ MUXRebuildBase::MUXRebuildBase(wxWindow* parent, wxWindowID id, const wxString& 
     outer->Add(m_textEstimate, 0, wxEXPAND | wxLEFT | wxRIGHT, kBorder);
 
     wxStdDialogButtonSizer* buttons = new wxStdDialogButtonSizer();
-    buttons->AddButton(new wxButton(this, wxID_OK, "START REBUILD"));
+    wxButton* startButton = new wxButton(this, wxID_OK, "START REBUILD");
+    startButton->SetDefault();
+    buttons->AddButton(startButton);
     buttons->AddButton(new wxButton(this, wxID_CANCEL, "CANCEL"));
     buttons->Realize();
     outer->Add(buttons, 0, wxEXPAND | wxALL, kBorder);

@@ -37,7 +37,9 @@ guiScanDialog::guiScanDialog(wxWindow* parent, wxWindowID id, const wxString& ti
     outer->Add(grid, 0, wxEXPAND | wxLEFT | wxRIGHT, kBorder);
 
     wxStdDialogButtonSizer* buttons = new wxStdDialogButtonSizer();
-    buttons->AddButton(new wxButton(this, wxID_OK, "Continue"));
+    wxButton* continueButton = new wxButton(this, wxID_OK, "Continue");
+    continueButton->SetDefault();
+    buttons->AddButton(continueButton);
     buttons->AddButton(new wxButton(this, wxID_CANCEL, "Cancel"));
     buttons->Realize();
     outer->Add(buttons, 0, wxEXPAND | wxALL, kBorder);
