@@ -29,6 +29,11 @@ const char* const kHelp[] = {
     "  tgxsim fault clear                   no faults, counts forgotten",
     "  tgxsim run TOOL [ARGS...]            one tool, without its link",
     "  tgxsim tools                         the simulated tools",
+    "  tgxsim mux show                      the virtual COM port, the multiplexer and its devices",
+    "  tgxsim mux add [--known] LOOP POLL ADDRESS TAG DESCRIPTION",
+    "                                       a device on a loop; listed after a rebuild (at once with --known)",
+    "  tgxsim mux address ADDRESS | mux rebuild-polls N | mux clear",
+    "  tgxsim pc-ports [COMn...]            the COM names the PC's own ports take",
 };
 
 int Usage(const wxString& problem)
@@ -223,6 +228,8 @@ int RunAdmin(const wxArrayString& args)
         return Set(state, args);
     if (command == "fault")
         return Fault(state, args);
+    if (command == "mux" || command == "pc-ports")
+        return RunMuxAdmin(state, args);
     return Usage("unknown command '" + command + "'");
 }
 

@@ -21,7 +21,8 @@ const char* const kGatewayFolders[] = {"TG7", "TG7/config", "root/var/www/html/d
 
 // Everything Reset may remove: the simulator's own files, never anything else in the folder.
 const char* const kStateEntries[]
-    = {"settings.ini", "TG7", "root", "faults.txt", "fault-counters.txt", "run.log", "boot.log", "mbedit.txt"};
+    = {"settings.ini", "TG7", "root", "faults.txt", "fault-counters.txt", "run.log", "boot.log",
+       "mbedit.txt", "vsp.txt", "pc-com-ports.txt", "com-ports.txt", "mux.txt"};
 
 bool MakeFolder(const wxString& path)
 {

@@ -11,7 +11,6 @@ struct ToolRow {
     std::unique_ptr<Tool> (*make)();
 };
 
-// Still to come: ttvsp, pfmux, inifile, dbtojson, mbedit.
 // A new row here, its name in simulator/CMakeLists.txt, and the tool is on PATH.
 const ToolRow kTools[] = {
     {"ttdevtype", MakeDevTypeTool},
@@ -28,6 +27,8 @@ const ToolRow kTools[] = {
     {"tgxview", MakeLiveViewTool},
     {"tgxfinder", MakeFinderTool},
     {"updater", MakeUpdaterTool},
+    {"ttvsp", MakeVspTool},
+    {"pfmux", MakeMuxTool},
 };
 
 }  // namespace

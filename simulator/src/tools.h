@@ -22,4 +22,7 @@ std::unique_ptr<Tool> MakeLiveViewTool();  // tgxview     maintenance_tools.cpp
 std::unique_ptr<Tool> MakeFinderTool();  // tgxfinder   maintenance_tools.cpp
 std::unique_ptr<Tool> MakeUpdaterTool();  // updater     maintenance_tools.cpp
 
+std::unique_ptr<Tool> MakeVspTool();  // ttvsp       mux_tools.cpp
+std::unique_ptr<Tool> MakeMuxTool();  // pfmux       mux_tools.cpp
+
 }  // namespace sim

@@ -70,6 +70,31 @@ struct OptionsForm {
     bool useTimeServer = false;
 };
 
+// Remote Options: the virtual COM port's name (one of comNames), target address and TCP port.
+struct RemoteForm {
+    wxArrayString comNames;
+    wxString comName;
+    wxString address;
+    wxString port;
+};
+
+// Multiplexer Configurator: the gateway's address and the multiplexer's baud rate.
+struct ScanForm {
+    wxString address;
+    wxString baudRate = "9600";
+};
+
+// The loop rebuild dialog: the loops to scan (box k labelled "k") and the search method.
+struct MuxRebuildForm {
+    bool allLoops = true;
+    bool loops[16] = {true, true, true, true, true, true, true, true,
+                      true, true, true, true, true, true, true, true};
+    bool addressZeroSearch = true;
+    bool firstDeviceSearch = false;
+};
+
+class MuxScanWindow;
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -90,6 +115,13 @@ public:
     virtual bool EditDevice(DeviceForm& form) = 0;
     virtual bool EditCommand(CommandForm& form) = 0;
     virtual bool EditOptions(OptionsForm& form) = 0;
+    virtual bool EditRemote(RemoteForm& form) = 0;
+    virtual bool EditScan(ScanForm& form) = 0;
+    // START REBUILD: true; the dialog keeps its estimate up to date itself.
+    virtual bool EditMuxRebuild(MuxRebuildForm& form) = 0;
+    // Opens the modeless multiplexer configurator window (the Scan command stays disabled while
+    // it is open); it lives until closed, the interface keeps ownership.
+    virtual MuxScanWindow* OpenMuxScanWindow() = 0;
 
     // Rewrites the main panel and menus from the project.
     virtual void RefreshPanel() = 0;

@@ -9,6 +9,7 @@
 #include "deploy/maintenance_commands.h"
 #include "cli/console_user_interface.h"
 #include "modbus/map_editing.h"
+#include "cli/mux_cli_commands.h"
 #include "modbus/map_export.h"
 #include "modbus/map_import.h"
 #include "modbus/map_modes.h"
@@ -275,7 +276,7 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
         return RunGatewayCommand(*session, request, err);
     }
     // Every path is made absolute before anything changes the current folder.
-    const wxString projectPath = AbsolutePath(request.arguments[0]);
+    const wxString projectPath = request.arguments.empty() ? wxString() : AbsolutePath(request.arguments[0]);
     const wxString secondPath = request.arguments.size() > 1 ? AbsolutePath(request.arguments[1]) : wxString();
 
     auto session = std::make_unique<Session>(request.yes, out);
@@ -284,7 +285,12 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
         WriteLine(err, fault.text);
         return kFailure;
     }
-    if (!LoadProject(*session, projectPath, request.arguments[0], err))
+    // The multiplexer commands and vcp without PROJECT work on the default project, as the window
+    // does before a project is opened.
+    const bool ownProject = request.command == CliCommand::MuxScan || request.command == CliCommand::MuxRebuild;
+    if (ownProject || projectPath.empty())
+        LoadDefaultProject(session->project);
+    else if (!LoadProject(*session, projectPath, request.arguments[0], err))
         return kFailure;
 
     switch (request.command) {
@@ -299,6 +305,9 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
     case CliCommand::MapMode: return MapMode(*session, request.arguments[1], err);
     case CliCommand::ImportMap: return ImportMap(*session, request, err);
     case CliCommand::EditMap: return FinishMapCommand(*session, EditModbusMap(session->ctx), err);
+    case CliCommand::Vcp: return RunVcp(session->ctx, session->ui, request, out, err);
+    case CliCommand::MuxScan: return RunMuxScan(session->ctx, session->ui, request, projectPath, err);
+    case CliCommand::MuxRebuild: return RunMuxRebuild(session->ctx, session->ui, request, out, err);
     default: break;
     }
     return kFailure;

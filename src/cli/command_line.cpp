@@ -1,9 +1,12 @@
 #include "cli/command_line.h"
 
+#include "mux/mux_scan.h"
 #include "project/project_file.h"
 
 #include <wx/filename.h>
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace {
@@ -107,6 +110,41 @@ const CommandEntry kCommands[] = {
         "\n"
         "Options:\n"
         "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"},
+    {"vcp", CliCommand::Vcp, 0, {"PROJECT"}, {{"com", true}, {"address", true}, {"port", true}},
+        "vcp [PROJECT] [--com=NAME] [--address=HOST] [--port=N]",
+        "Remote > Remote COM port settings on the console. Without options it reports the PC's virtual\n"
+        "COM port as the dialog shows it, first creating one (first free COM name, 192.168.1.250 and the\n"
+        "VCP PORT NUMBER of PROJECT, or of the default project) when there is none. With options it is\n"
+        "the dialog's OK: the port is re-created with the values given and the reported ones for the rest.\n"
+        "\n"
+        "Options:\n"
+        "  --com=NAME             the COM name: one of the free names or the current one\n"
+        "  --address=HOST         the gateway's address, as typed\n"
+        "  --port=N               the gateway's virtual serial port number, as typed\n"},
+    {"mux-scan", CliCommand::MuxScan, 0, {"NEW.prj"}, {{"target", true}, {"baud", true}, {"add", true}},
+        "mux-scan --target=HOST[:PORT] [--baud=BAUD] [--add=all|ROW,ROW...] [NEW.prj]",
+        "Multiplexer > Scan on the console: installs the base multiplexer configuration on the gateway,\n"
+        "asks the multiplexer behind it for its devices through a temporary virtual COM port and prints\n"
+        "them, one per line, numbered from 0 as the configurator's rows (TYPE, TAGNAME, DESCRIPTION,\n"
+        "ADDRESS, separated by tabs).\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"
+        "  --baud=BAUD            the multiplexer's baud rate: 4800, 9600 (default), 19200, 38400,\n"
+        "                         57600, 76800 or 115200\n"
+        "  --add=all|ROW,...      Add All, or Add Selected with these rows; the project is saved as\n"
+        "                         NEW.prj (required with --add)\n"},
+    {"mux-rebuild", CliCommand::MuxRebuild, 0, {}, {{"target", true}, {"loops", true}, {"method", true}},
+        "mux-rebuild --target=HOST[:PORT] [--loops=all|N,N...] [--method=address0|first-device]",
+        "The configurator's Rebuild Loops on the console: prints the estimate, tells the multiplexer\n"
+        "behind the gateway to re-scan the loops, waits until it reports completion (there is no time\n"
+        "limit, as in the window) and prints the multiplexer's new device list as mux-scan does.\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address\n"
+        "  --loops=all|N,...      the loops to scan, 0 to 15; default: all\n"
+        "  --method=METHOD        address0 (default): only devices at polling address 0;\n"
+        "                         first-device: stop at the first device found on each loop\n"},
 };
 
 const char kGeneralHelp[]
@@ -134,6 +172,9 @@ const char kGeneralHelp[]
       "                             put the software installers on the gateway's web page\n"
       "  reboot --target=HOST[:PORT]\n"
       "                             restart the gateway\n"
+      "  vcp [PROJECT]              report or change the PC's virtual COM port to the gateway\n"
+      "  mux-scan --target=HOST     list the devices of the multiplexer behind the gateway\n"
+      "  mux-rebuild --target=HOST  make the multiplexer re-scan its loops\n"
       "\n"
       "Options:\n"
       "      --software-path=DIR    the suite's software folder; default: the one the registry names\n"
@@ -205,6 +246,31 @@ void StoreOption(CliRequest& request, const wxString& name, const wxString& valu
         request.target = value;
     else if (name == "from-project")
         request.fromProject = value;
+    else if (name == "com" || name == "address" || name == "port") {
+        request.vcpChange = true;
+        (name == "com" ? request.com : name == "address" ? request.address : request.port) = value;
+    } else if (name == "baud")
+        request.baud = value;
+    else if (name == "add")
+        request.add = value;
+    else if (name == "loops")
+        request.loops = value;
+    else if (name == "method")
+        request.method = value;
+}
+
+// "all", or numbers from 0 to `highest` separated by commas.
+bool IsRowList(const wxString& text, long highest)
+{
+    if (text == "all")
+        return true;
+    wxArrayString items = wxSplit(text, ',', '\0');
+    for (const wxString& item : items) {
+        long n = -1;
+        if (!item.ToLong(&n) || n < 0 || n > highest)
+            return false;
+    }
+    return !items.empty();
 }
 
 } // namespace
@@ -289,6 +355,23 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
     for (const CliCommand gateway : {CliCommand::Fetch, CliCommand::UpdateFirmware, CliCommand::UploadInstallers, CliCommand::Reboot})
         if (command->command == gateway && given.Index("target") == wxNOT_FOUND)
             return usageError(wxString(command->name) + " needs --target=HOST[:PORT]");
+    const bool mux = command->command == CliCommand::MuxScan || command->command == CliCommand::MuxRebuild;
+    if (mux && given.Index("target") == wxNOT_FOUND)
+        return usageError(wxString(command->name) + " needs --target=HOST[:PORT]");
+    if (command->command == CliCommand::MuxScan) {
+        if (std::find(std::begin(kMuxBaudRates), std::end(kMuxBaudRates), request.baud) == std::end(kMuxBaudRates))
+            return usageError("--baud must be one of 4800 9600 19200 38400 57600 76800 115200");
+        if (!request.add.empty() && !IsRowList(request.add, 1000))
+            return usageError("--add must be all or row numbers separated by commas");
+        if (!request.add.empty() && count == 0)
+            return usageError("--add needs NEW.prj");
+    }
+    if (command->command == CliCommand::MuxRebuild) {
+        if (!IsRowList(request.loops, 15))
+            return usageError("--loops must be all or loop numbers 0 to 15 separated by commas");
+        if (request.method != "address0" && request.method != "first-device")
+            return usageError("--method must be address0 or first-device");
+    }
     parsed.outcome = ParsedCommandLine::Run;
     return parsed;
 }

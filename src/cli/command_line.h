@@ -5,7 +5,7 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
-enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap, Fetch, UpdateFirmware, UploadInstallers, Reboot };
+enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap, Fetch, UpdateFirmware, UploadInstallers, Reboot, Vcp, MuxScan, MuxRebuild };
 
 struct CliRequest {
     wxString softwarePath; // empty: the installation named by the registry
@@ -18,6 +18,14 @@ struct CliRequest {
     wxString tag;
     bool yes = false;
     wxString fromProject; // import-map --from-project (--from-target goes to `target`)
+    // vcp: the dialog's fields; given ones make it the dialog's OK.
+    bool vcpChange = false;
+    wxString com, address, port;
+    // mux-scan and mux-rebuild
+    wxString baud = "9600";
+    wxString add;      // empty: print the rows only
+    wxString loops = "all";
+    wxString method = "address0";
 };
 
 struct ParsedCommandLine {

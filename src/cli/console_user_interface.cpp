@@ -88,3 +88,11 @@ void ConsoleUserInterface::PulseProgress(const wxString& text) { Print(text); }
 bool ConsoleUserInterface::EditDevice(DeviceForm&) { return false; }
 
 bool ConsoleUserInterface::EditCommand(CommandForm&) { return false; }
+
+void ConsoleUserInterface::ScanWindow::ShowRows(const std::vector<MuxRow>& shown)
+{
+    rows = shown;
+    for (size_t r = 0; r < rows.size(); ++r)
+        console.Print(wxString::Format("%zu\t%s\t%s\t%s\t%s", r, rows[r].type, rows[r].tagName, rows[r].description,
+                                       rows[r].address));
+}

@@ -3,6 +3,9 @@
 #pragma once
 
 #include "app/user_interface.h"
+#include "mux/mux_scan_window.h"
+
+#include <functional>
 
 #include <map>
 #include <ostream>
@@ -41,8 +44,44 @@ public:
     void RefreshPanel() override { }
     void RefreshCommandList() override { }
     void ShowStatus(const wxString&) override { }
-    // The pause lets a person read the last step in the progress dialog; a console keeps it.
-    void WaitSeconds(int) override { }
+    // The pause lets a person read the last step in the progress dialog; a console keeps it,
+    // unless the waits give a gateway or a multiplexer time (waitForReal).
+    void WaitSeconds(int seconds) override
+    {
+        if (waitForReal)
+            wxSleep(seconds);
+    }
+    bool waitForReal = false;
+
+    // The dialogs that tgxcfg's options answer; without an answer the dialog is cancelled.
+    std::function<bool(RemoteForm&)> remoteAnswer;
+    std::function<bool(ScanForm&)> scanAnswer;
+    std::function<bool(MuxRebuildForm&)> rebuildAnswer;
+    bool EditRemote(RemoteForm& form) override { return remoteAnswer && remoteAnswer(form); }
+    bool EditScan(ScanForm& form) override { return scanAnswer && scanAnswer(form); }
+    bool EditMuxRebuild(MuxRebuildForm& form) override { return rebuildAnswer && rebuildAnswer(form); }
+
+    // The configurator window on the console: each time it is given rows it prints them, one per
+    // line, numbered from 0 as the grid's rows; `selectedRows` stands for the user's selection.
+    class ScanWindow : public MuxScanWindow {
+    public:
+        explicit ScanWindow(ConsoleUserInterface& console) : console(console) { }
+        void ShowRows(const std::vector<MuxRow>& shown) override;
+        std::vector<MuxRow> Rows() const override { return rows; }
+        std::vector<int> SelectedRows() const override { return selectedRows; }
+        void CloseScanWindow() override { }
+        std::vector<int> selectedRows;
+        std::vector<MuxRow> rows;
+        bool opened = false;
+
+    private:
+        ConsoleUserInterface& console;
+    } scanWindow{*this};
+    MuxScanWindow* OpenMuxScanWindow() override
+    {
+        scanWindow.opened = true;
+        return &scanWindow;
+    }
 
 private:
     // Writes a line on `out`, after the message kept back, if any.

@@ -20,37 +20,37 @@ void Fail(AppContext& ctx, const wxString& message)
 bool CheckGatewayVersions(AppContext& ctx)
 {
     ctx.ui.PulseProgress("Checking firmware and templates versions");
-    wxArrayString report;
-    const long code = ctx.tools.RunCaptured(wxString::Format("ttdevtype \"%s\"", ctx.target.targetHost), report);
-    if (code < 0) {
-        // "ttdevtyp" without its final e: the text users and support know.
-        Fail(ctx, "ttdevtyp Could not connect to TG7, check IP address and network connection");
-        return false;
-    }
-    if (report.size() < 3) {
-        Fail(ctx, "Could not determine TG7 type, unable to proceed");
-        return false;
-    }
-    const wxString firmware = ReportedVersion(report[1]);
-    const wxString templates = ReportedVersion(report[2]);
-    if (firmware.empty()) {
-        Fail(ctx, "Could not determine TG7 Firmware version (ttdevtype format error), unable to proceed");
-        return false;
-    }
-    if (templates.empty()) {
-        Fail(ctx, "Could not determine TG7 Templates (ttdevtype format error), unable to proceed");
-        return false;
-    }
-    if (firmware != ctx.env.FirmwareVersion) {
-        Fail(ctx, "The firmware installed on the TG7 is not compatible with this version of TGx Software Suite. "
-                  "Before you can configure your device you must update the firmware using the 'Update Firmware' "
-                  "option under the 'Target' menu");
-        return false;
-    }
-    return true;
+    // "ttdevtyp" without its final e: the text users and support know.
+    const wxString problem
+        = GatewayVersionProblem(ctx, "ttdevtyp Could not connect to TG7, check IP address and network connection");
+    if (problem.empty())
+        return true;
+    Fail(ctx, problem);
+    return false;
 }
 
 }  // namespace
+
+wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect)
+{
+    wxArrayString report;
+    const long code = ctx.tools.RunCaptured(wxString::Format("ttdevtype \"%s\"", ctx.target.targetHost), report);
+    if (code < 0)
+        return cannotConnect;
+    if (report.size() < 3)
+        return "Could not determine TG7 type, unable to proceed";
+    const wxString firmware = ReportedVersion(report[1]);
+    const wxString templates = ReportedVersion(report[2]);
+    if (firmware.empty())
+        return "Could not determine TG7 Firmware version (ttdevtype format error), unable to proceed";
+    if (templates.empty())
+        return "Could not determine TG7 Templates (ttdevtype format error), unable to proceed";
+    if (firmware != ctx.env.FirmwareVersion)
+        return "The firmware installed on the TG7 is not compatible with this version of TGx Software Suite. "
+               "Before you can configure your device you must update the firmware using the 'Update Firmware' "
+               "option under the 'Target' menu";
+    return wxString();
+}
 
 wxString ReportedVersion(const wxString& line)
 {

@@ -18,6 +18,10 @@ constexpr size_t kGatewayTagLength = 8;
 // window ignores it; tgxcfg turns it into its exit status).
 bool ConfigureDevice(AppContext& ctx);
 
+// Runs ttdevtype on the target and judges its report: empty when the gateway runs the installed
+// firmware, else the message that stops the command (`cannotConnect` when ttdevtype cannot run).
+wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect);
+
 // The version in a line of ttdevtype's report: the text after the last "v", up to the first "-"
 // ("TG7main-v6.2.2-build7" gives "6.2.2"); a line with neither is taken whole.
 wxString ReportedVersion(const wxString& line);

@@ -9,20 +9,24 @@ bool PromptTargetAddress(AppContext& ctx)
     TextEntryForm form{kTargetAddressPrompt, "User entry required", ctx.target.targetEntry, {}};
     if (!ctx.ui.EnterText(form))
         return false;
-    const wxString& text = form.value;
+    ApplyTargetAddress(ctx, form.value);
+    return true;
+}
+
+void ApplyTargetAddress(AppContext& ctx, const wxString& text)
+{
     const int colon = text.Find(':', true);
     const wxString host = colon == wxNOT_FOUND ? wxString() : text.Left(colon);
     if (host.empty()) {
         // No host before a colon: the whole text is the address, the port stays as it was.
         ctx.target.targetEntry = text;
         ctx.target.targetHost = text;
-        return true;
+        return;
     }
     const wxString port = text.Mid(colon + 1);
     ctx.tools.SetEnvironment("TT_SSH_PORT", port);
     ctx.target.targetEntry = host + ":" + port;
     ctx.target.targetHost = host;
-    return true;
 }
 
 wxString BuildFolder(const AppContext& ctx, const char* name)

@@ -13,6 +13,8 @@ extern const char* const kTargetAddressPrompt;
 // Asks for the gateway's address; false when cancelled. A port typed after the last colon goes
 // to the tools through TT_SSH_PORT and stays in force for the rest of the run.
 bool PromptTargetAddress(AppContext& ctx);
+// The address as the prompt takes it: split at the last colon, the port to TT_SSH_PORT.
+void ApplyTargetAddress(AppContext& ctx, const wxString& text);
 
 // Uploads the build output folder to the gateway (ttrestore).
 bool UploadConfiguration(AppContext& ctx, wxString& errorText);

@@ -19,7 +19,12 @@ ComPortProbe TakenComPortListProbe()
 {
     wxString listFile;
     wxArrayString taken;
-    if (wxGetEnv("TGX_TAKEN_COM_PORTS", &listFile) && !listFile.empty())
+    // Without a list of its own the probe asks the gateway simulator, whose ttvsp keeps the PC's
+    // taken names (its own ports and the virtual port) in com-ports.txt.
+    wxString simulatorHome;
+    if (!wxGetEnv("TGX_TAKEN_COM_PORTS", &listFile) && wxGetEnv("TGXSIM_HOME", &simulatorHome) && !simulatorHome.empty())
+        listFile = simulatorHome + "/com-ports.txt";
+    if (!listFile.empty())
         ReadTextLines(listFile, taken);  // a missing or unreadable list takes no port
     for (wxString& line : taken)
         line.Trim(true).Trim(false);

@@ -19,6 +19,7 @@ wxArrayString ScanFreeComPortNames(const ComPortProbe& opens);
 
 // The POSIX default probe, for a machine that has no COM ports of its own: a name is taken when it
 // is listed (one per line, case ignored) in the file that the environment variable
-// TGX_TAKEN_COM_PORTS names, read when the probe is made; without that file every name is free.
-// The file stands for the COM ports of the PC that the simulated gateway's tools report.
+// TGX_TAKEN_COM_PORTS names, read when the probe is made; when that variable is not set, the
+// gateway simulator's list, com-ports.txt in the folder TGXSIM_HOME names; without either every
+// name is free. The file stands for the COM ports of the PC, the simulated virtual port included.
 ComPortProbe TakenComPortListProbe();

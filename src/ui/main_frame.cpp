@@ -9,6 +9,9 @@
 #include "modbus/map_modes.h"
 #include "deploy/firmware_update.h"
 #include "deploy/maintenance_commands.h"
+#include "mux/mux_scan.h"
+#include "mux/mux_scan_frame.h"
+#include "remote/remote_com_port.h"
 #include "project/load_from_device.h"
 #include "project/command_editing.h"
 #include "project/device_editing.h"
@@ -37,6 +40,25 @@ MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scrip
     SetIcon(wxICON(icon_program));
     CreateStatusBar(1);
     startedUp = RunStartup(context);
+}
+
+MainFrame::~MainFrame()
+{
+    if (muxScanFrame != nullptr)
+        muxScanFrame->Destroy();
+}
+
+MuxScanWindow* MainFrame::OpenMuxScanFrame()
+{
+    m_menuItemScan->Enable(false);
+    muxScanFrame = new MUXScanFrame(context, [this] {
+        m_menuItemScan->Enable(true);
+        muxScanFrame = nullptr;
+    });
+    const wxRect rect = GetScreenRect();
+    muxScanFrame->Move(rect.GetLeft() + rect.GetWidth() - 1, rect.GetTop());
+    muxScanFrame->Show();
+    return muxScanFrame;
 }
 
 void MainFrame::RefreshPanelFromProject()
@@ -170,6 +192,8 @@ void MainFrame::OnChangeNetworkSettings(wxCommandEvent&) { ChangeNetworkSettings
 void MainFrame::OnDocumentation(wxCommandEvent&) { OpenDocumentation(context); }
 void MainFrame::OnCheckForUpdates(wxCommandEvent&) { CheckForUpdates(context); }
 void MainFrame::OnAbout(wxCommandEvent&) { ShowAboutBox(env, GetIcon()); }
+void MainFrame::OnRemoteComPort(wxCommandEvent&) { RemoteComPortCommand(context); }
+void MainFrame::OnScan(wxCommandEvent&) { MuxScanCommand(context); }
 
 void MainFrame::OnSerialModem(wxCommandEvent&) { SetSerialPortFunction(context, "MODEM"); }
 void MainFrame::OnSerialModbus(wxCommandEvent&) { SetSerialPortFunction(context, "MODBUS"); }
@@ -218,11 +242,6 @@ void MainFrame::OnCommandDoubleClick(wxMouseEvent& event)
     ModifyCommand(context);
     event.Skip();
 }
-
-// Commands that later work fills in. They are bound now so that every menu item already
-// reaches its own handler.
-void MainFrame::OnRemoteComPort(wxCommandEvent&) {}
-void MainFrame::OnScan(wxCommandEvent&) {}
 
 void MainFrame::OnEditModbusMap(wxCommandEvent&) { EditModbusMap(context); }
 void MainFrame::OnImportMapFromTG7(wxCommandEvent&) { ImportMapFromDevice(context); }

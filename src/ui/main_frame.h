@@ -6,11 +6,14 @@
 #include "ui/main_frame_base.h"
 #include "ui/wx_user_interface.h"
 
+class MUXScanFrame;
+
 class MainFrame : public MainFrameBase {
 public:
     // scriptedDialogs: when given, messages, questions and dialogs go to it instead of real
     // windows (tests); the panel and the status bar stay real.
     MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scriptedDialogs = nullptr);
+    ~MainFrame() override;
 
     // False when start-up ended in a fatal message; the application must then end.
     bool StartedUp() const { return startedUp; }
@@ -19,6 +22,9 @@ public:
     // Writes the panel and the menu states from the project.
     void RefreshPanelFromProject();
     void RefreshCommandList();
+    // Opens the multiplexer configurator flush against the right edge, Scan disabled meanwhile.
+    MuxScanWindow* OpenMuxScanFrame();
+    MUXScanFrame* OpenedMuxScanFrame() const { return muxScanFrame; }
 
     InstallationEnvironment env;
     TargetAddress target;
@@ -92,6 +98,7 @@ private:
     WxUserInterface ui;
     AppContext context;
     bool startedUp = false;
+    MUXScanFrame* muxScanFrame = nullptr;
 };
 
 // The one main window, set by the application at start-up.

@@ -2,7 +2,10 @@
 
 #include "project/cmd_dialog.h"
 #include "project/device_dialog.h"
+#include "mux/mux_rebuild_dialog.h"
+#include "mux/scan_dialog.h"
 #include "remote/options_dialog.h"
+#include "remote/remote_dialog.h"
 #include "ui/main_frame.h"
 
 #include <wx/evtloop.h>
@@ -182,14 +185,41 @@ void WxUserInterface::ShowStatus(const wxString& text)
         scripted->ShowStatus(text);
 }
 
-bool WxUserInterface::EditOptions(OptionsForm& form)
+namespace {
+
+// Shows a form dialog modally: the form in, and back out on OK.
+template <class Dialog, class Form>
+bool EditInDialog(wxWindow* parent, Form& form)
 {
-    if (scripted != nullptr)
-        return scripted->EditOptions(form);
-    OptionsDialog dialog(&frame);
+    Dialog dialog(parent);
     dialog.TransferFormToWindow(form);
     if (dialog.ShowModal() != wxID_OK)
         return false;
     dialog.TransferWindowToForm(form);
     return true;
 }
+
+}  // namespace
+
+bool WxUserInterface::EditOptions(OptionsForm& form)
+{
+    return scripted != nullptr ? scripted->EditOptions(form) : EditInDialog<OptionsDialog>(&frame, form);
+}
+
+bool WxUserInterface::EditRemote(RemoteForm& form)
+{
+    return scripted != nullptr ? scripted->EditRemote(form) : EditInDialog<RemoteDialog>(&frame, form);
+}
+
+bool WxUserInterface::EditScan(ScanForm& form)
+{
+    return scripted != nullptr ? scripted->EditScan(form) : EditInDialog<ScanDialog>(&frame, form);
+}
+
+bool WxUserInterface::EditMuxRebuild(MuxRebuildForm& form)
+{
+    // The rebuild dialog has no parent window and no title.
+    return scripted != nullptr ? scripted->EditMuxRebuild(form) : EditInDialog<guiMUXRebuild>(nullptr, form);
+}
+
+MuxScanWindow* WxUserInterface::OpenMuxScanWindow() { return frame.OpenMuxScanFrame(); }

@@ -27,6 +27,11 @@ public:
     bool EditDevice(DeviceForm& form) override;
     bool EditCommand(CommandForm& form) override;
     bool EditOptions(OptionsForm& form) override;
+    bool EditRemote(RemoteForm& form) override;
+    bool EditScan(ScanForm& form) override;
+    bool EditMuxRebuild(MuxRebuildForm& form) override;
+    // The real window, also under scripted dialogs (it is a window, like the panel).
+    MuxScanWindow* OpenMuxScanWindow() override;
     void RefreshPanel() override;
     void RefreshCommandList() override;
     void ShowStatus(const wxString& text) override;

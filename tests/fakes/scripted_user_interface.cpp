@@ -130,3 +130,30 @@ bool ScriptedUserInterface::EditOptions(OptionsForm& form)
     events.push_back("options dialog");
     return TakeDialogAnswer(optionsAnswers, form, "options dialog", unanswered);
 }
+
+bool ScriptedUserInterface::EditRemote(RemoteForm& form)
+{
+    remoteForms.push_back(form);
+    events.push_back("remote dialog");
+    return TakeDialogAnswer(remoteAnswers, form, "remote dialog", unanswered);
+}
+
+bool ScriptedUserInterface::EditScan(ScanForm& form)
+{
+    scanForms.push_back(form);
+    events.push_back("scan dialog");
+    return TakeDialogAnswer(scanAnswers, form, "scan dialog", unanswered);
+}
+
+bool ScriptedUserInterface::EditMuxRebuild(MuxRebuildForm& form)
+{
+    events.push_back("rebuild dialog");
+    return TakeDialogAnswer(rebuildAnswers, form, "rebuild dialog", unanswered);
+}
+
+MuxScanWindow* ScriptedUserInterface::OpenMuxScanWindow()
+{
+    ++scanWindowOpened;
+    events.push_back("scan window");
+    return &scanWindow;
+}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/user_interface.h"
+#include "mux/mux_scan_window.h"
 
 #include <deque>
 #include <functional>
@@ -50,4 +51,31 @@ public:
     void RefreshCommandList() override;
     void WaitSeconds(int seconds) override;  // recorded, not waited
     void ShowStatus(const wxString& text) override;
+
+    // The remote, scan and rebuild dialogs, answered and recorded as the device dialog is.
+    std::deque<std::function<bool(RemoteForm&)>> remoteAnswers;
+    std::deque<std::function<bool(ScanForm&)>> scanAnswers;
+    std::deque<std::function<bool(MuxRebuildForm&)>> rebuildAnswers;
+    std::vector<RemoteForm> remoteForms;
+    std::vector<ScanForm> scanForms;
+    bool EditRemote(RemoteForm& form) override;
+    bool EditScan(ScanForm& form) override;
+    bool EditMuxRebuild(MuxRebuildForm& form) override;
+
+    // The configurator window: keeps its rows, reports `selected` as the user's selection.
+    struct ScanWindow : MuxScanWindow {
+        std::vector<MuxRow> rows;
+        std::vector<int> selected;
+        int shows = 0;
+        bool closed = false;
+        void ShowRows(const std::vector<MuxRow>& shown) override {
+            rows = shown;
+            ++shows;
+        }
+        std::vector<MuxRow> Rows() const override { return rows; }
+        std::vector<int> SelectedRows() const override { return selected; }
+        void CloseScanWindow() override { closed = true; }
+    } scanWindow;
+    int scanWindowOpened = 0;
+    MuxScanWindow* OpenMuxScanWindow() override;
 };

@@ -1,0 +1,72 @@
+// tgxcfg vcp, mux-scan and mux-rebuild as a script runs them, on the gateway simulator.
+#include "project/text_file.h"
+#include "wx_test_support.h"
+
+#include <gtest/gtest.h>
+#include <wx/filefn.h>
+#include <wx/filename.h>
+#include <wx/utils.h>
+
+namespace {
+
+class TgxcfgMux : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        scratch = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxcfgmux");
+        wxRemoveFile(scratch);
+        CopyTree(wxString(TGX_SOURCE_DIR) + "/simulator/installation", scratch + "/installation");
+        wxArrayString registry = Lines({"[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]",
+                                        "Version=6.2.2", "FirmwareVersion=6.2.2", "TemplatesVersion=3.1.0"});
+        registry.Add("Path=" + scratch + "/installation/");
+        WriteTextLines(scratch + "/registry.ini", registry);
+        wxGetEnvMap(&env.env);
+        env.env["TGX_REGISTRY"] = scratch + "/registry.ini";
+        env.env["TGX_DOCUMENTS"] = scratch + "/Documents";
+        env.env["TGXSIM_HOME"] = scratch + "/gateway";
+        env.env["PATH"] = wxString(TGX_SIMULATOR_BIN) + wxPATH_SEP + env.env["PATH"];
+        env.cwd = scratch;
+    }
+    void TearDown() override { wxFileName::Rmdir(scratch, wxPATH_RMDIR_RECURSIVE); }
+    // Runs a program of the build (tgxcfg, or tgxsim from the simulator's folder); standard output.
+    wxArrayString Run(const wxString& command, long expected = 0)
+    {
+        wxArrayString out, err;
+        EXPECT_EQ(wxExecute(command, out, err, wxEXEC_SYNC | wxEXEC_NODISABLE, &env), expected)
+            << command << "\n" << wxJoin(err, '\n');
+        return out;
+    }
+    wxString Cli(const char* args) const { return "\"" TGX_CLI_BINARY "\" " + wxString(args); }
+    wxString Sim(const char* args) const { return wxString(TGX_SIMULATOR_BIN) + "/tgxsim " + args; }
+
+    wxString scratch;
+    wxExecuteEnv env;
+};
+
+}  // namespace
+
+TEST_F(TgxcfgMux, RemotePortScanAddAndRebuild)
+{
+    Run(Sim("pc-ports COM1"));
+    Run(Sim("mux add --known 1 0 1000000001 TT101 \"Flow, line 2\""));
+    Run(Sim("mux add --known 2 0 1000000002 LT200 Level"));
+    Run(Sim("mux rebuild-polls 1"));
+
+    EXPECT_EQ(Run(Cli("vcp")), Lines({"COM Port: COM2", "Target IP address: 192.168.1.250", "Port Number: 772"}));
+    Run(Cli("vcp --com=COM5 --address=10.0.0.9"));
+    EXPECT_EQ(Run(Sim("run ttvsp -g")), Lines({"COM5 10.0.0.9:772 up"}));
+    Run(Cli("vcp --com=COM1"), 1);  // the PC's own port is not offered
+
+    const wxArrayString scan = Run(Cli("mux-scan --target=127.0.0.1 --add=2,0 kfd2.prj"));
+    // The rows, then the save (its map generation prints the build's summary).
+    EXPECT_NE(scan.Index("2\tDevice\tLT200\tLevel\t1000000002"), wxNOT_FOUND);
+    wxArrayString project;
+    ASSERT_TRUE(ReadTextLines(scratch + "/kfd2.prj", project));
+    EXPECT_NE(project.Index("DEVICE COUNT:2"), wxNOT_FOUND);
+    EXPECT_NE(project.Index("DEVICE NAME:LT200"), wxNOT_FOUND);
+
+    Run(Sim("mux add 7 0 1000000007 PT700 Pressure"));
+    const wxArrayString rebuilt = Run(Cli("mux-rebuild --target=127.0.0.1 --loops=7,8 --method=first-device"));
+    EXPECT_EQ(rebuilt.front(), "Estimated time: 36 Secs");
+    EXPECT_EQ(rebuilt.Last(), "3\tDevice\tPT700\tPressure\t1000000007");
+}
