@@ -22,7 +22,7 @@ mkdir -p "$out"
 export WINEPATH="Z:${build//\//\\}\\simulator\\bin"
 
 title="TG7+ Configuration tool"
-expected_status="TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , Templates 3.1.0 , TGxConnect not installed"
+expected_status="TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , Templates 3.1.0 , TGxConnect 2.4.1"
 
 smoke_test() {
   local shot=$out/main_window_windows.png log=$out/tgxconfig_windows.log
@@ -103,8 +103,8 @@ wine_new_prefix
 # 0,0 and window places are screen places.
 wine_reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f
 wine_reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1024x768 /f
-# The installation the tool starts on: the sample installation, found through the suite's key
-# (the connect key stays absent).
+# The installation the tool starts on: the sample installation, found through the suite's key,
+# with TGx Connect in its folder (Upload Installers sends its installer).
 mkdir -p "$WINEPREFIX/drive_c/TGx"
 cp -r "$top/simulator/installation/." "$WINEPREFIX/drive_c/TGx/"
 suite='HKCU\Software\TARN SYSTEMS LTD\TGx Software Suite'
@@ -112,6 +112,9 @@ wine_reg add "$suite" /v Path /d 'C:\TGx\' /f
 wine_reg add "$suite" /v Version /d 6.2.2 /f
 wine_reg add "$suite" /v FirmwareVersion /d 6.2.2 /f
 wine_reg add "$suite" /v TemplatesVersion /d 3.1.0 /f
+connect='HKLM\Software\TARN SYSTEMS LTD\TGx Connect'
+wine_reg add "$connect" /v Path /d 'C:\TGx\tgxconnect\' /f
+wine_reg add "$connect" /v Version /d 2.4.1 /f
 # A fresh server, so that everything started from now on sees the null driver.
 wine_stop
 wine_start

@@ -12,6 +12,8 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
+#include <shellapi.h>
+
 namespace {
 
 wxRegKey::StdKey StdKeyOf(RegistryHive hive)
@@ -73,7 +75,11 @@ wxString WindowsPlatform::UpdaterCommand(const wxString&) const
     return "powershell \".\\updater.exe\"";
 }
 
-void WindowsPlatform::OpenWithDefaultApplication(const wxString& path) { wxLaunchDefaultApplication(path); }
+// wxLaunchDefaultApplication lives in the GUI library; the shell's "open" verb is what it uses.
+void WindowsPlatform::OpenWithDefaultApplication(const wxString& path)
+{
+    ShellExecuteW(nullptr, L"open", path.wc_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
 
 wxArrayString WindowsPlatform::InstalledSoftwareQueries() const
 {

@@ -37,11 +37,12 @@ void EditOptions(AppContext& ctx)
         for (int i = 0; i < 6; ++i) {
             // Whether the text was a number is deliberately not asked: the value the conversion
             // leaves counts ("80x" gives 80), and only above 0. No upper bound, on purpose; a value
-            // beyond the field is held at its largest, as on Windows, where long is 32 bits.
-            long value = 0;
-            form.ports[i].ToLong(&value, 10);
+            // beyond the field is held at its largest. Converted in 64 bits, so that every platform
+            // (long has 32 bits on Windows) takes the same value.
+            wxLongLong_t value = 0;
+            form.ports[i].ToLongLong(&value, 10);
             if (value > 0)
-                *PortFields(project, i) = static_cast<int>(std::min<long>(value, INT_MAX));
+                *PortFields(project, i) = static_cast<int>(std::min<wxLongLong_t>(value, INT_MAX));
         }
         // Copied whole, untrimmed and unchecked; longer than the field, it is cut to fit.
         SetText(project.timeServerAddress, form.timeServerAddress);
