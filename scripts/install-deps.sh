@@ -8,6 +8,7 @@ packages=("$@")
   cmake ninja-build g++ make pkg-config
   libwxgtk3.2-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
+  nlohmann-json3-dev
   xvfb xauth x11-utils imagemagick fonts-dejavu-core
 )
 

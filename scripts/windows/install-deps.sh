@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   g++-mingw-w64-x86-64-posix libz-mingw-w64-dev
   wine wine64 fonts-wine
-  cmake ninja-build make googletest dpkg-dev xz-utils ca-certificates
+  cmake ninja-build make googletest nlohmann-json3-dev dpkg-dev xz-utils ca-certificates
   xvfb xauth x11-utils imagemagick xdotool
   wixl msitools
 )

@@ -7,6 +7,7 @@
 #include "deploy/device_tools.h"
 #include "deploy/firmware_update.h"
 #include "deploy/maintenance_commands.h"
+#include "cli/cli_json.h"
 #include "cli/console_user_interface.h"
 #include "modbus/map_editing.h"
 #include "cli/mux_cli_commands.h"
@@ -18,6 +19,7 @@
 #include "project/load_from_device.h"
 #include "project/project_check.h"
 #include "project/project_commands.h"
+#include "project/project_diff.h"
 #include "project/project_file.h"
 #include "project/text_file.h"
 
@@ -25,6 +27,7 @@
 #include <wx/filename.h>
 
 #include <memory>
+#include <sstream>
 
 namespace {
 
@@ -120,9 +123,13 @@ bool LoadProject(Session& s, const wxString& path, const wxString& shownPath, st
     return false;
 }
 
-int Show(Session& s, std::ostream& out)
+int Show(Session& s, const CliRequest& request, std::ostream& out)
 {
     const Project& project = s.project;
+    if (request.format == "json") {
+        out << ProjectJson(project);
+        return kSuccess;
+    }
     WriteLine(out, "[settings]");
     // The file's settings: after its version line and the empty line, up to the first device.
     const wxArrayString fileLines = ProjectFileLines(project);
@@ -184,14 +191,17 @@ int ExportMap(Session& s, const wxString& path, const wxString& shownPath, std::
     return kFailure;
 }
 
-int Check(Session& s, const wxString& path, const wxString& shownPath, std::ostream& out)
+int Check(Session& s, const CliRequest& request, const wxString& path, const wxString& shownPath, std::ostream& out)
 {
     wxArrayString lines;
     ReadTextLines(path, lines);
     // The map was read from the older ".mb" file when there is no ".mbd".
     const wxString shownMap = MapFilePath(shownPath, wxFileExists(MapFilePath(path)) ? "mbd" : "mb");
     const std::vector<ProjectProblem> problems = CheckProject(s.project, s.deviceTypes, lines);
-    for (const ProjectProblem& problem : problems)
+    if (request.format == "json")
+        out << ProblemsJson(problems, shownPath, shownMap);
+    else
+        for (const ProjectProblem& problem : problems)
         WriteLine(out, FormatProblem(problem, shownPath, shownMap));
     return problems.empty() ? kSuccess : kFailure;
 }
@@ -229,6 +239,49 @@ int ImportMap(Session& s, const CliRequest& request, std::ostream& err)
         return FinishMapCommand(s, ImportMapFromProjectFile(s.ctx, AbsolutePath(request.fromProject)), err);
     s.ui.AnswerEntry(kTargetAddressPrompt, request.target);
     return FinishMapCommand(s, ImportMapFromDevice(s.ctx), err);
+}
+
+// The second side of a diff: another project file, or what the gateway runs, fetched as Load From
+// TG7 fetches it (its progress kept off the report) and not saved.
+bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& second, std::ostream& err)
+{
+    std::ostringstream quiet;
+    auto other = std::make_unique<Session>(false, quiet);
+    MessageForm fault;
+    if (!ReadCliInstallation(*other, request.softwarePath, fault)) {
+        WriteLine(err, fault.text);
+        return false;
+    }
+    if (request.target.empty()) {
+        if (!LoadProject(*other, path, request.arguments[1], err))
+            return false;
+    } else {
+        LoadDefaultProject(other->project);
+        other->project.projectSaved = 1;
+        other->project.projectOpen = 0;
+        other->ui.AnswerEntry(kTargetAddressPrompt, request.target);
+        LoadProjectFromDevice(other->ctx);
+        const bool fetched = other->project.projectOpen == 1;
+        other->ui.Finish(!fetched, err);
+        if (!fetched)
+            return false;
+    }
+    second = other->project;
+    return true;
+}
+
+int Diff(Session& s, const CliRequest& request, const wxString& secondPath, std::ostream& out, std::ostream& err)
+{
+    auto second = std::make_unique<Project>();
+    if (!LoadSecondSide(request, secondPath, *second, err))
+        return kFailure;
+    const std::vector<ProjectDifference> differences = DiffProjects(s.project, *second);
+    if (request.format == "json")
+        out << DifferencesJson(differences);
+    else
+        for (const ProjectDifference& difference : differences)
+            WriteLine(out, FormatDifference(difference));
+    return differences.empty() ? kSuccess : kFailure;
 }
 
 // The commands that work on the gateway alone start as the desktop tool does: the default project,
@@ -294,13 +347,14 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
         return kFailure;
 
     switch (request.command) {
-    case CliCommand::Show: return Show(*session, out);
+    case CliCommand::Show: return Show(*session, request, out);
     case CliCommand::Resave:
         return secondPath.empty() ? Resave(*session, projectPath, request.arguments[0], err)
                                   : Resave(*session, secondPath, request.arguments[1], err);
     case CliCommand::Generate: return Generate(*session, request, err);
     case CliCommand::ExportMap: return ExportMap(*session, secondPath, request.arguments[1], err);
-    case CliCommand::Check: return Check(*session, projectPath, request.arguments[0], out);
+    case CliCommand::Check: return Check(*session, request, projectPath, request.arguments[0], out);
+    case CliCommand::Diff: return Diff(*session, request, secondPath, out, err);
     case CliCommand::Configure: return Configure(*session, request, err);
     case CliCommand::MapMode: return MapMode(*session, request.arguments[1], err);
     case CliCommand::ImportMap: return ImportMap(*session, request, err);

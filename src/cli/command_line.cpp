@@ -29,9 +29,11 @@ struct CommandEntry {
 const char kUsagePrefix[] = "Usage: tgxcfg [--software-path=DIR] ";
 
 const CommandEntry kCommands[] = {
-    {"show", CliCommand::Show, 1, {"PROJECT"}, {}, "show PROJECT",
+    {"show", CliCommand::Show, 1, {"PROJECT"}, {{"format", true}}, "show PROJECT [--format=text|json]",
         "Prints the project's settings as its project file holds them, then the device list and each\n"
-        "device's command list, every line as the main window's list boxes show it. Writes nothing.\n"},
+        "device's command list, every line as the main window's list boxes show it. Writes nothing.\n"
+        "With --format=json: one JSON document with the settings, the devices with their commands and\n"
+        "the map (docs/tgxcfg.md).\n"},
     {"resave", CliCommand::Resave, 1, {"PROJECT", "NEW.prj"}, {}, "resave PROJECT [NEW.prj]",
         "Loads PROJECT as Project > Load from Disk does (older formats and damaged lines included) and\n"
         "saves it in the current format with its map file (.mbd) beside it: over PROJECT, or as NEW.prj.\n"},
@@ -47,13 +49,23 @@ const CommandEntry kCommands[] = {
     {"export-map", CliCommand::ExportMap, 2, {"PROJECT", "FILE"}, {}, "export-map PROJECT FILE",
         "Writes the project's Modbus map to FILE as Modbus > Export does: CSV under a header when\n"
         "FILE's name ends in .csv (in any case), otherwise a fixed-width text table.\n"},
-    {"check", CliCommand::Check, 1, {"PROJECT"}, {}, "check PROJECT",
+    {"check", CliCommand::Check, 1, {"PROJECT"}, {{"format", true}}, "check PROJECT [--format=text|json]",
         "Reports, one line each, what the desktop tool accepts without a word but a gateway will not\n"
         "run as meant: duplicate poll addresses or ones above 63, device types not in ct.cfg, long\n"
         "addresses that are not 10 characters in multiplexer mode, command numbers above 255, cycle\n"
         "intervals below 1, more than 8 arguments, port numbers outside 1..65535 or used twice, tag\n"
         "names that Configure would refuse or cut, map lines without seven fields.\n"
-        "Prints nothing and exits with 0 when it finds nothing; exits with 1 when it does.\n"},
+        "Prints nothing and exits with 0 when it finds nothing; exits with 1 when it does.\n"
+        "With --format=json: one JSON document listing the problems, also when there is none.\n"},
+    {"diff", CliCommand::Diff, 1, {"A.prj", "B.prj"}, {{"target", true}, {"format", true}},
+        "diff A.prj B.prj | diff A.prj --target=HOST[:PORT]  [--format=text|json]",
+        "Compares two projects as the tool would send them, both loaded as Load from Disk loads them;\n"
+        "with --target the second is the one the gateway runs, fetched as Load From TG7 fetches it\n"
+        "(nothing is saved). One line per difference: a setting, a device (matched by its poll address,\n"
+        "or its long address in multiplexer mode, never by its slot), a command of a matched device (by\n"
+        "its number), a map line (by SECTION and ADDRESS).\n"
+        "Exits with 0 when they are the same, 1 when they differ or the fetch failed (its message on\n"
+        "standard error), 2 on wrong usage.\n"},
     {"configure", CliCommand::Configure, 1, {"PROJECT"}, {{"target", true}, {"tag", true}, {"yes", false}},
         "configure PROJECT --target=HOST[:PORT] [--tag=TAG] [--yes]",
         "Target > Configure on the console: saves the project, checks the gateway's firmware, builds\n"
@@ -175,6 +187,8 @@ const char kGeneralHelp[]
       "  vcp [PROJECT]              report or change the PC's virtual COM port to the gateway\n"
       "  mux-scan --target=HOST     list the devices of the multiplexer behind the gateway\n"
       "  mux-rebuild --target=HOST  make the multiplexer re-scan its loops\n"
+      "  diff A.prj B.prj | diff A.prj --target=HOST[:PORT]\n"
+      "                             what differs between two projects, or a project and a gateway\n"
       "\n"
       "Options:\n"
       "      --software-path=DIR    the suite's software folder; default: the one the registry names\n"
@@ -257,6 +271,8 @@ void StoreOption(CliRequest& request, const wxString& name, const wxString& valu
         request.loops = value;
     else if (name == "method")
         request.method = value;
+    else if (name == "format")
+        request.format = value;
 }
 
 // "all", or numbers from 0 to `highest` separated by commas.
@@ -347,6 +363,10 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
         return usageError("NEW.prj cannot be a map file (.mbd)");
     if (command->command == CliCommand::Configure && given.Index("target") == wxNOT_FOUND)
         return usageError("configure needs --target=HOST[:PORT]");
+    if (request.format != "text" && request.format != "json")
+        return usageError("--format must be text or json");
+    if (command->command == CliCommand::Diff && (count == 2) == (given.Index("target") != wxNOT_FOUND))
+        return usageError("diff needs B.prj or --target=HOST[:PORT], not both");
     if (command->command == CliCommand::MapMode && request.arguments[1] != "automatic" && request.arguments[1] != "user")
         return usageError("MODE must be 'automatic' or 'user'");
     if (command->command == CliCommand::ImportMap

@@ -1,0 +1,189 @@
+#include "project/project_diff.h"
+
+#include "project/project_file.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace {
+
+using Fields = std::vector<std::pair<wxString, wxString>>;  // name, value, in a fixed order
+
+// An item of one side: the key it is matched by, its text when it is added or removed, and its
+// fields when it is matched.
+struct Item {
+    wxString key;
+    Fields fields;
+};
+
+// For each item of `a` the index of its partner in `b`, or -1: the n-th item with a key is paired
+// with the n-th item with that key on the other side (a project file may hold duplicates).
+std::vector<int> MatchByKey(const std::vector<Item>& a, const std::vector<Item>& b, std::vector<bool>& bMatched)
+{
+    std::map<wxString, std::vector<int>> waiting;
+    for (int j = static_cast<int>(b.size()) - 1; j >= 0; --j)
+        waiting[b[j].key].push_back(j);
+    std::vector<int> partner(a.size(), -1);
+    bMatched.assign(b.size(), false);
+    for (size_t i = 0; i < a.size(); ++i) {
+        auto found = waiting.find(a[i].key);
+        if (found == waiting.end() || found->second.empty())
+            continue;
+        partner[i] = found->second.back();
+        found->second.pop_back();
+        bMatched[partner[i]] = true;
+    }
+    return partner;
+}
+
+wxString JoinFields(const Fields& fields)
+{
+    wxString text;
+    for (const auto& [name, value] : fields) {
+        if (!text.empty())
+            text << ", ";
+        if (!name.empty())
+            text << name << " ";
+        text << value;
+    }
+    return text;
+}
+
+// The fields of a matched pair that differ; false when none does.
+bool DifferingFields(const Fields& a, const Fields& b, wxString& before, wxString& after)
+{
+    Fields changedA, changedB;
+    for (size_t f = 0; f < a.size() && f < b.size(); ++f)
+        if (a[f].second != b[f].second) {
+            changedA.push_back(a[f]);
+            changedB.push_back(b[f]);
+        }
+    before = JoinFields(changedA);
+    after = JoinFields(changedB);
+    return !changedA.empty();
+}
+
+// Compares two lists of items; `nested` is called for each matched pair after its own line.
+template <class Nested>
+void DiffItems(ProjectDifference::Kind kind, const wxString& prefix, const std::vector<Item>& a,
+    const std::vector<Item>& b, std::vector<ProjectDifference>& out, Nested nested)
+{
+    using Change = ProjectDifference::Change;
+    std::vector<bool> bMatched;
+    const std::vector<int> partner = MatchByKey(a, b, bMatched);
+    for (size_t i = 0; i < a.size(); ++i) {
+        const wxString subject = prefix + a[i].key;
+        if (partner[i] < 0) {
+            out.push_back({kind, Change::Removed, subject, JoinFields(a[i].fields), wxString()});
+            continue;
+        }
+        wxString before, after;
+        if (DifferingFields(a[i].fields, b[partner[i]].fields, before, after))
+            out.push_back({kind, Change::Changed, subject, before, after});
+        nested(i, static_cast<size_t>(partner[i]));
+    }
+    for (size_t j = 0; j < b.size(); ++j)
+        if (!bMatched[j])
+            out.push_back({kind, Change::Added, prefix + b[j].key, wxString(), JoinFields(b[j].fields)});
+}
+
+std::vector<Item> SettingItems(const Project& project)
+{
+    // The settings as the project file holds them: after its version line, up to the devices.
+    std::vector<Item> items;
+    const wxArrayString lines = ProjectFileLines(project);
+    for (size_t i = 1; i < lines.size() && !lines[i].StartsWith("DEVICE COUNT:"); ++i)
+        if (!lines[i].empty())
+            items.push_back({lines[i].BeforeFirst(':'), {{wxString(), lines[i].AfterFirst(':')}}});
+    return items;
+}
+
+bool IsMultiplexer(const Project& project) { return GetText(project.mode) == "MULTIPLEXOR"; }
+
+std::vector<Item> DeviceItems(const Project& project, bool byLongAddress)
+{
+    std::vector<Item> items;
+    for (int d = 0; d < std::min(project.deviceCount, MAX_DEVICES); ++d) {
+        const ProjectDevice& device = project.devices[d];
+        const wxString poll = wxString::Format("%d", device.pollAddress);
+        items.push_back({byLongAddress ? "with long address " + GetText(device.longAddress) : "at poll address " + poll,
+            {{"TYPE", GetText(device.typeName)}, {"DEVICE NAME", GetText(device.deviceName)}, {"POLL ADDRESS", poll},
+                {"LONG ADDRESS", GetText(device.longAddress)}, {"ENABLE", wxString::Format("%d", device.enabled)}}});
+    }
+    return items;
+}
+
+std::vector<Item> CommandItems(const ProjectDevice& device)
+{
+    std::vector<Item> items;
+    for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
+        const HartCommandEntry& command = device.commands[c];
+        wxString args;
+        for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a)
+            args << (a == 0 ? "" : " ") << command.args[a];
+        items.push_back({wxString::Format("%d", command.commandNumber),
+            {{"INTERVAL", wxString::Format("%d", command.cycleInterval)},
+                {"POLLED", wxString::Format("%d", command.pollEnabled)},
+                {"WRITE", wxString::Format("%d", command.writeCommand)}, {"ARGUMENTS", "[" + args + "]"}}});
+    }
+    return items;
+}
+
+std::vector<Item> MapItems(const wxArrayString& lines)
+{
+    std::vector<Item> items;
+    for (const wxString& line : lines)
+        items.push_back({line.BeforeFirst(',') + "," + line.AfterFirst(',').BeforeFirst(','), {{wxString(), line}}});
+    return items;
+}
+
+}  // namespace
+
+std::vector<ProjectDifference> DiffProjects(const Project& a, const Project& b)
+{
+    using Kind = ProjectDifference::Kind;
+    std::vector<ProjectDifference> out;
+    DiffItems(Kind::Setting, "", SettingItems(a), SettingItems(b), out, [](size_t, size_t) {});
+
+    const bool byLongAddress = IsMultiplexer(a) && IsMultiplexer(b);
+    const std::vector<Item> devicesA = DeviceItems(a, byLongAddress), devicesB = DeviceItems(b, byLongAddress);
+    // Only the devices' own indices are needed to reach their commands.
+    DiffItems(Kind::Device, "device ", devicesA, devicesB, out, [&](size_t i, size_t j) {
+        DiffItems(Kind::Command, "device " + devicesA[i].key + " command ", CommandItems(a.devices[i]),
+            CommandItems(b.devices[j]), out, [](size_t, size_t) {});
+    });
+    DiffItems(Kind::MapLine, "map ", MapItems(a.modbusMapLines), MapItems(b.modbusMapLines), out, [](size_t, size_t) {});
+    return out;
+}
+
+wxString FormatDifference(const ProjectDifference& d)
+{
+    switch (d.change) {
+    case ProjectDifference::Change::Added: return d.subject + " added: " + d.after;
+    case ProjectDifference::Change::Removed: return d.subject + " removed: " + d.before;
+    case ProjectDifference::Change::Changed: break;
+    }
+    return d.subject + ": " + d.before + " -> " + d.after;
+}
+
+const char* KindName(ProjectDifference::Kind kind)
+{
+    switch (kind) {
+    case ProjectDifference::Kind::Setting: return "setting";
+    case ProjectDifference::Kind::Device: return "device";
+    case ProjectDifference::Kind::Command: return "command";
+    case ProjectDifference::Kind::MapLine: break;
+    }
+    return "map";
+}
+
+const char* ChangeName(ProjectDifference::Change change)
+{
+    switch (change) {
+    case ProjectDifference::Change::Added: return "added";
+    case ProjectDifference::Change::Removed: return "removed";
+    case ProjectDifference::Change::Changed: break;
+    }
+    return "changed";
+}
