@@ -52,5 +52,19 @@ TEST(TgxcfgDiff, ReportsExactlyTheEditSinceTheLastConfigure)
     ASSERT_EQ(run("configure boiler_house.prj --target=127.0.0.1 --yes"), 0) << wxJoin(err, '\n');
     EXPECT_EQ(run("diff boiler_house.prj --target=127.0.0.1 --format=json"), 0);
     EXPECT_EQ(nlohmann::json::parse(wxJoin(out, '\n').utf8_string())["same"], true);
+
+    // The other two documents, in their documented shapes.
+    EXPECT_EQ(run("show boiler_house.prj --format=json"), 0);
+    const auto shown = nlohmann::json::parse(wxJoin(out, '\n').utf8_string());
+    EXPECT_EQ(shown["settings"]["SERIAL PORT BAUDRATE"], "9600");
+    EXPECT_EQ(shown["devices"][2]["commands"][2], nlohmann::json::parse(R"({"number": 35, "interval": 1,
+        "polled": true, "writeOnTrigger": true, "arguments": [0, 12]})"));
+    EXPECT_EQ(shown["map"].size(), 5u);
+    lines.Add("FOR DEVICE:16");
+    WriteTextLines(scratch + "/boiler_house.prj", lines);
+    EXPECT_EQ(run("check boiler_house.prj --format=json"), 1);
+    EXPECT_EQ(nlohmann::json::parse(wxJoin(out, '\n').utf8_string()),
+        nlohmann::json::parse(R"({"problems": [{"file": "boiler_house.prj", "line": )" + std::to_string(lines.size())
+            + R"(, "message": "device 16 is outside 0..15: its lines are ignored"}]})"));
     wxFileName::Rmdir(scratch, wxPATH_RMDIR_RECURSIVE);
 }
