@@ -9,6 +9,7 @@
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 
 // Writes the lines, each ended with CR LF on every platform, so that files made on Linux are
-// byte-identical to those made on Windows. The file is emptied first if it exists, else created.
-// False when it cannot be created or written.
+// byte-identical to those made on Windows. The old file is replaced in one step once the new
+// one is wholly on the disk, so an interrupted save leaves it untouched. False when the file
+// cannot be written (the old one then stays as it was).
 bool WriteTextLines(const wxString& path, const wxArrayString& lines);

@@ -1,0 +1,104 @@
+// A save killed at any moment leaves the project file and its map file each whole: the old one or
+// the new one, byte for byte.
+#ifndef _WIN32
+#include "project/text_file.h"
+#include "unit/temp_dir.h"
+#include "wx_test_support.h"
+
+#include <gtest/gtest.h>
+#include <wx/ffile.h>
+#include <wx/filename.h>
+
+#include <chrono>
+#include <random>
+#include <thread>
+
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+extern char** environ;
+
+namespace {
+
+wxString Bytes(const wxString& path)
+{
+    wxString bytes;
+    wxFFile(path, "rb").ReadAll(&bytes, wxConvISO8859_1);
+    return bytes;
+}
+
+// The largest project there is: sixteen devices of fifty commands each, a map of 65,536 lines.
+void WriteMaximalProject(const wxString& path, const char* tag)
+{
+    wxArrayString lines = Lines({"TGX VERSION:6.2.2", "", "MODE:GATEWAY", "AUTOMATIC MODBUS MAP:0", "DEVICE COUNT:16"});
+    lines.Add(wxString("TGX TAGNAME:") + tag);
+    for (int d = 0; d < 16; ++d) {
+        for (const wxString& line : {wxString::Format("FOR DEVICE:%d", d), wxString("TYPE:Generic"),
+                 wxString::Format("DEVICE NAME:%s device %d", tag, d), wxString::Format("POLL ADDRESS:%d", d)})
+            lines.Add(line);
+        for (int c = 0; c < 50; ++c) {
+            lines.Add(wxString::Format("HARTCMD:%d %d 1 0", c, c + 1));
+            lines.Add("CMDARGS:1 2 3 4 5 6 7 8");
+        }
+    }
+    WriteTextLines(path, lines);
+    wxArrayString map;
+    for (int r = 0; r < 65536; ++r)
+        map.Add(wxString::Format("HOLDING,%d,ABCD,FLOAT,%s%d,Register %d,2", 40001 + r, tag, r, r));
+    WriteTextLines(wxFileName(path).GetPathWithSep() + wxFileName(path).GetName() + ".mbd", map);
+}
+
+// Starts tgxcfg resave FROM TO; its process id.
+pid_t StartResave(const wxString& installation, const wxString& from, const wxString& to)
+{
+    const std::string program = TGX_CLI_BINARY, software = "--software-path=" + installation.ToStdString();
+    const std::string source = from.ToStdString(), target = to.ToStdString();
+    char* const argv[] = {const_cast<char*>(program.c_str()), const_cast<char*>(software.c_str()),
+        const_cast<char*>("resave"), const_cast<char*>(source.c_str()), const_cast<char*>(target.c_str()), nullptr};
+    pid_t pid = 0;
+    return posix_spawn(&pid, program.c_str(), nullptr, nullptr, argv, environ) == 0 ? pid : -1;
+}
+
+}  // namespace
+
+TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
+{
+    TempDir dir;
+    const wxString installation = wxString(TGX_SOURCE_DIR) + "/simulator/installation";
+    WriteMaximalProject(dir.path + "/old.prj", "OLD");
+    WriteMaximalProject(dir.path + "/new.prj", "NEW");
+    // The old files as a save writes them, and the new ones; the time a whole save takes.
+    const auto started = std::chrono::steady_clock::now();
+    for (const char* name : {"old", "new"}) {
+        const pid_t pid = StartResave(installation, dir.path + "/" + name + ".prj", dir.path + "/" + name + "-saved.prj");
+        int status = -1;
+        ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    const auto whole = (std::chrono::steady_clock::now() - started) / 2;
+    const wxString oldPrj = Bytes(dir.path + "/old-saved.prj"), oldMbd = Bytes(dir.path + "/old-saved.mbd");
+    const wxString newPrj = Bytes(dir.path + "/new-saved.prj"), newMbd = Bytes(dir.path + "/new-saved.mbd");
+    ASSERT_NE(oldPrj, newPrj);
+    ASSERT_NE(oldMbd, newMbd);
+
+    std::mt19937 random(20261123);
+    std::uniform_int_distribution<long long> moment(0, std::chrono::duration_cast<std::chrono::microseconds>(whole).count());
+    int killedMidway = 0;
+    for (int round = 0; round < 20; ++round) {
+        SCOPED_TRACE(round);
+        wxCopyFile(dir.path + "/old-saved.prj", dir.path + "/target.prj");
+        wxCopyFile(dir.path + "/old-saved.mbd", dir.path + "/target.mbd");
+        const pid_t pid = StartResave(installation, dir.path + "/new.prj", dir.path + "/target.prj");
+        ASSERT_GT(pid, 0);
+        std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
+        kill(pid, SIGKILL);
+        int status = -1;
+        waitpid(pid, &status, 0);
+        const wxString prj = Bytes(dir.path + "/target.prj"), mbd = Bytes(dir.path + "/target.mbd");
+        EXPECT_TRUE(prj == oldPrj || prj == newPrj) << prj.size() << " bytes";
+        EXPECT_TRUE(mbd == oldMbd || mbd == newMbd) << mbd.size() << " bytes";
+        killedMidway += prj == newPrj && mbd == oldMbd;
+    }
+    RecordProperty("killed between the two files", killedMidway);
+}
+#endif
