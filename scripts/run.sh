@@ -29,6 +29,13 @@ export TGX_REGISTRY=$run/registry.ini
 # The gateway simulator stands in for the suite's tools; its gateway is kept in the build folder.
 export PATH="$build/simulator/bin:$PATH"
 export TGXSIM_HOME=${TGXSIM_HOME:-$run/gateway}
+# On the first run the simulated multiplexer gets three devices on its loops, so that
+# Multiplexer > Scan finds some (`tgxsim mux clear` empties it, simulator/README.md).
+if [ ! -f "$TGXSIM_HOME/mux.txt" ]; then
+  tgxsim mux add --known 1 0 1000000101 FT101 "Feedwater flow" >/dev/null
+  tgxsim mux add --known 2 0 1000000102 PT102 "Drum pressure" >/dev/null
+  tgxsim mux add --known 3 0 1000000103 LT103 "Drum level" >/dev/null
+fi
 
 # The example projects, in the project folder that the file dialogs open on.
 export TGX_DOCUMENTS=$run/Documents
