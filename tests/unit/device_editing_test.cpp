@@ -137,6 +137,12 @@ TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
     ModifyDevice(ctx);
     EXPECT_EQ(project.devices[1].pollAddress, 1);
     EXPECT_EQ(ui.messages.at(0).text, kAddressMessage);
+    // A project file may give two devices one address: the device keeps its own.
+    project.devices[0].pollAddress = 1;
+    Answer("1", 1);
+    ModifyDevice(ctx);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(GetText(project.devices[1].typeName), "KFD2");
     // The enable check box sets the whole value, auto addressing included.
     SetSelectedDeviceEnable(ctx, true);
     EXPECT_EQ(project.devices[1].enabled, 1);

@@ -38,7 +38,7 @@ TEST_F(ProjectCommands, NewAsksBeforeLosingEditsAndSavesAtOnce)
     EXPECT_TRUE(ui.fileForms.empty());
 
     ui.answers = {true};
-    ui.files = {dir.path + "/plant.prj"};
+    ui.files = {dir.path + "/plant"};  // a bare name gets the extension
     NewProject(ctx);
     ASSERT_EQ(ui.fileForms.size(), 1u);
     const FileChoiceForm& form = ui.fileForms[0];
@@ -90,9 +90,10 @@ TEST_F(ProjectCommands, SaveWithoutANameAsksForOne)
     EXPECT_EQ(ui.fileForms[0].title, "Save Project As ...");
     EXPECT_EQ(project.projectSaved, 0);
 
-    ui.files = {dir.path + "/named.prj"};
+    ui.files = {dir.path + "/named"};
     SaveProjectCommand(ctx);
     EXPECT_EQ(project.projectSaved, 1);
+    EXPECT_TRUE(wxFileExists(dir.path + "/named.prj"));
     SaveProjectCommand(ctx);  // now it has a name: no dialog
     EXPECT_EQ(ui.fileForms.size(), 2u);
 }

@@ -159,13 +159,18 @@ TEST(ProjectFile, ReaderTolerances)
                  EXPECT_EQ(d.enabled, 0);
              }
          }},
-        {"the fifty-first command is ignored",
+        {"the fifty-first command is ignored, and so are its arguments",
          [] {
              std::vector<const char*> lines{"DEVICE COUNT:1", "FOR DEVICE:0"};
-             lines.insert(lines.end(), 51, "HARTCMD:2 1 1 0");
+             lines.insert(lines.end(), 50, "HARTCMD:2 1 1 0");
+             lines.insert(lines.end(), {"CMDARGS:5 ", "HARTCMD:3 1 1 0", "CMDARGS:9 9 "});
              return lines;
          }(),
-         [](const Project& p) { EXPECT_EQ(p.devices[0].commandCount, MAX_COMMANDS); }},
+         [](const Project& p) {
+             const HartCommandEntry& last = p.devices[0].commands[MAX_COMMANDS - 1];
+             EXPECT_EQ(p.devices[0].commandCount, MAX_COMMANDS);
+             EXPECT_EQ(std::vector<int>(last.args, last.args + last.argCount), std::vector<int>{5});
+         }},
         {"keys are case-sensitive and must start the line; the version line is not a setting",
          {"mode:BRIDGE SERVER", " MODE:BRIDGE SERVER", "TGX VERSION:9.9.9", "MODBUS RTU ADDRESS:9", "NONSENSE"},
          [](const Project& p) {

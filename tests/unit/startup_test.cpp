@@ -54,6 +54,7 @@ TEST_F(Startup, AMissingRegistryKeyOrDeviceTypeFileIsFatal)
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].caption, "Alert - Program cannot continue");
     EXPECT_EQ(ui.messages[0].icon, MessageIcon::Error);
+    EXPECT_FALSE(ui.messages[0].centred);
     EXPECT_EQ(ui.messages[0].text, "Cannot locate registry entries required by this program\n\nThis program cannot "
                                    "continue and will now terminate");
     EXPECT_TRUE(tools.runs.empty());  // before anything runs
