@@ -60,30 +60,8 @@ wxString FileBytes(const wxString& path)
 
 }  // namespace
 
-TEST(ProjectFile, SmallProjectLinesInOrder)
-{
-    Project p;
-    LoadDefaultProject(p);
-    p.deviceCount = 1;
-    SetText(p.devices[0].deviceName, "FT-101");
-    SetText(p.devices[0].typeName, "Generic");
-    p.devices[0].enabled = 1;
-    p.devices[0].commandCount = 2;
-    p.devices[0].commands[0] = HartCommandEntry{2, {}, 0, 1, 1, 0};
-    p.devices[0].commands[1] = HartCommandEntry{48, {1, 2, 3}, 3, 60, 0, 1};
-    EXPECT_EQ(ProjectFileLines(p),
-              Lines({"TGX VERSION:6.2.2", "", "TGX TAGNAME:Unnamed", "MODE:GATEWAY", "REMOTE IP:0.0.0.0",
-                     "BRIDGE NETWORK BUFFER TIME:20", "VCP PORT NUMBER:772", "MTCP PORT NUMBER:502",
-                     "MENCAP PORT NUMBER:1100", "INTERCOM PORT NUMBER:503", "SYSLOG PORT NUMBER:50000",
-                     "HARTIPTCP PORT NUMBER:5094", "TMS ADDRESS:pool.ntp.org", "TMS ENABLE:1", "TGX PRIMARY MASTER:1",
-                     "POLLING DEFERRAL MODE:NONE", "SERIAL PORT FUNCTION:MODEM", "SERIAL PORT TYPE:RS232",
-                     "SERIAL PORT BAUDRATE:9600", "SERIAL PORT PARITY:NOPARITY", "SERIAL PORT STOPBITS:1",
-                     "MODBUS RTU ADDRESS:1", "AUTOMATIC MODBUS MAP:1", "MODBUS FLOAT SWAP BYTES:0",
-                     "MODBUS FLOAT SWAP WORDS:1", "MODBUS FLOAT SWAP LONGS:0", "MODBUS NAN CTRL:0", "DEVICE COUNT:1",
-                     "FOR DEVICE:0", "DEVICE NAME:FT-101", "TYPE:Generic", "POLL ADDRESS:0", "LONG ADDRESS:",
-                     "ENABLE:1", "HARTCMD:2 1 1 0", "HARTCMD:48 60 0 1", "CMDARGS:1 2 3 "}));
-}
-
+// The order and format of the lines are fixed by tgxcfg resave's expected files; here that every
+// value comes back and the bytes stay the same.
 TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
 {
     TempDir dir;
@@ -126,17 +104,10 @@ TEST(ProjectFile, ReaderTolerances)
         std::function<void(const Project&)> check;
     };
     const Case cases[] = {
-        {"a number that does not convert keeps the default",
-         {"MODBUS RTU ADDRESS:x", "SYSLOG PORT NUMBER:99999999999"},
-         [](const Project& p) {
-             EXPECT_EQ(p.modbusRtuAddress, 1);
-             EXPECT_EQ(p.syslogPort, 50000);
-         }},
+        {"a number that does not convert keeps the default", {"MODBUS RTU ADDRESS:x", "SYSLOG PORT NUMBER:99999999999"},
+         [](const Project& p) { EXPECT_TRUE(p.modbusRtuAddress == 1 && p.syslogPort == 50000); }},
         {"text values are taken as they stand", {"SERIAL PORT PARITY: ODD ", "MODE:BRIDGE CLIENT"},
-         [](const Project& p) {
-             EXPECT_EQ(GetText(p.serialParity), " ODD ");
-             EXPECT_EQ(GetText(p.mode), "BRIDGE CLIENT");
-         }},
+         [](const Project& p) { EXPECT_EQ(GetText(p.serialParity) + "|" + GetText(p.mode), " ODD |BRIDGE CLIENT"); }},
         {"a non-number argument stores 0",
          {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:48 10 1 1", "CMDARGS:1 2 three "},
          [](const Project& p) {
@@ -154,10 +125,8 @@ TEST(ProjectFile, ReaderTolerances)
          {"DEVICE COUNT:40", "FOR DEVICE:-1", "ENABLE:1", "HARTCMD:1 1 1 0", "FOR DEVICE:x", "ENABLE:1"},
          [](const Project& p) {
              EXPECT_EQ(p.deviceCount, MAX_DEVICES);
-             for (const ProjectDevice& d : p.devices) {
-                 EXPECT_EQ(d.commandCount, 0);
-                 EXPECT_EQ(d.enabled, 0);
-             }
+             for (const ProjectDevice& d : p.devices)
+                 EXPECT_TRUE(d.commandCount == 0 && d.enabled == 0);
          }},
         {"the fifty-first command is ignored, and so are its arguments",
          [] {
@@ -173,10 +142,7 @@ TEST(ProjectFile, ReaderTolerances)
          }},
         {"keys are case-sensitive and must start the line; the version line is not a setting",
          {"mode:BRIDGE SERVER", " MODE:BRIDGE SERVER", "TGX VERSION:9.9.9", "MODBUS RTU ADDRESS:9", "NONSENSE"},
-         [](const Project& p) {
-             EXPECT_EQ(GetText(p.mode), "GATEWAY");
-             EXPECT_EQ(p.modbusRtuAddress, 9);
-         }},
+         [](const Project& p) { EXPECT_TRUE(GetText(p.mode) == "GATEWAY" && p.modbusRtuAddress == 9); }},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -193,24 +159,16 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         int lines;  // -1: refused as unreadable
     };
     const std::string longLine(1 << 20, 'x');
-    const Case cases[] = {
-        {"empty", "", 0},
-        {"LF line ends", "A\nB\n", 2},
-        {"CR LF line ends, no final line end", "A\r\nB", 2},
-        {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1},
-        {"one line of a megabyte", longLine, 1},
-        {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2},  // either refused or read, never harm
-    };
+    const Case cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
+        {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", longLine, 1},
+        {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2}};  // either refused or read, never harm
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const wxString path = dir.path + "/odd.txt";
         wxFile(path, wxFile::write).Write(c.bytes.data(), c.bytes.size());
         wxArrayString lines;
         const bool read = ReadTextLines(path, lines);
-        if (c.lines >= 0) {
-            EXPECT_TRUE(read);
-            EXPECT_EQ(static_cast<int>(lines.size()), c.lines);
-        }
+        EXPECT_TRUE(c.lines < 0 || (read && static_cast<int>(lines.size()) == c.lines));
         TestContext t;
         EXPECT_EQ(ApplyProjectFile(t.ctx, lines), !lines.empty());
     }
