@@ -96,34 +96,27 @@ protected:
 
     wxString Built(const char* relative) const { return env.TgxBuildPath + "/" + relative; }
 
-    bool Generate()
-    {
-        wxString outputFolder, outputName;
-        return GenerateConfiguration(ctx, errorText, outputFolder, outputName);
-    }
+    bool Generate() { return GenerateConfiguration(ctx, errorText, outputFolder, outputName); }
 
     TempDir dir;
-    wxString errorText;
+    wxString errorText, outputFolder, outputName;
 };
 
 TEST_F(ConfigGenerator, WritesTheExpectedScriptAndParameterFile)
 {
-    struct Case {
+    const struct {
         const char* folder;
         void (*setUp)(Project&, DeviceTypeTable&);
-    };
-    const Case cases[] = {{"no_devices", NoDevices}, {"gateway_two_types", GatewayTwoTypes},
+    } cases[] = {{"no_devices", NoDevices}, {"gateway_two_types", GatewayTwoTypes},
         {"mux_long_addresses", MuxLongAddresses}, {"fifty_commands", FiftyCommands}};
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.folder);
         LoadDefaultProject(project);
         deviceTypes.deviceTypeCount = 0;
         c.setUp(project, deviceTypes);
         // Longer leftovers of an earlier build must not survive: the files are rewritten whole.
-        const std::string leftover(20000, 'x');
-        std::ofstream(Built("INCLUDE/ct.ini").fn_str(), std::ios::binary) << leftover;
-        std::ofstream(Built("ADDITIONAL/dbsave.txt").fn_str(), std::ios::binary) << leftover;
-
+        for (const char* file : {"INCLUDE/ct.ini", "ADDITIONAL/dbsave.txt"})
+            std::ofstream(Built(file).fn_str(), std::ios::binary) << std::string(20000, 'x');
         ASSERT_TRUE(Generate());
         const wxString golden = wxString(TGX_SOURCE_DIR) + "/tests/golden/config/" + c.folder;
         EXPECT_EQ(ReadBytes(Built("INCLUDE/ct.ini")), ReadBytes(golden + "/ct.ini"));
@@ -146,8 +139,8 @@ TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
         SCOPED_TRACE(c.projectFile + wxString("|") + c.outputFolder);
         tools.runs.clear();
         project.projectFilePath = dir.path + "/projects/" + c.projectFile;
-        wxString outputFolder = c.outputFolder, outputName = c.outputName;
-        ASSERT_TRUE(GenerateConfiguration(ctx, errorText, outputFolder, outputName));
+        outputFolder = c.outputFolder, outputName = c.outputName;
+        ASSERT_TRUE(Generate());
         EXPECT_EQ(outputFolder + "|" + outputName, c.expectedFolder + "|" + c.expectedName);
         ASSERT_EQ(tools.runs.size(), 1u);
         EXPECT_EQ(tools.runs[0].command,

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 TEST(TargetAddress, PromptSplitsAtTheLastColon)
 {
     const struct {
@@ -55,6 +57,7 @@ protected:
         target.targetEntry = "192.168.1.250";
         ui.texts = {wxString("10.0.0.9:2200"), wxString("Boiler12House")};
     }
+    // ttdevtype's report of the gateway.
     static ToolReply Report(const char* firmware, const char* templates = "Templates: TG7tmpl-v3.1.0")
     {
         return {0, Lines({"TG7-Plus", firmware, templates})};
@@ -70,8 +73,8 @@ TEST_F(Configure, ASuccessfulRunInOrder)
     ConfigureDevice(ctx);
     EXPECT_EQ(GetText(project.tagName), "Boiler12");
     EXPECT_TRUE(project.projectSaved == 1 && wxFileExists(dir.path + "/plant.prj"));
-    EXPECT_EQ(ui.textForms.at(1).allowedChars, "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890");
-    EXPECT_EQ(ui.textForms.at(1).message, "Enter a Tagname for this TG7");
+    EXPECT_EQ(ui.textForms.at(1).message + "|" + ui.textForms.at(1).allowedChars,
+        "Enter a Tagname for this TG7|ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890");
     EXPECT_EQ(tools.environment["TT_SSH_PORT"], "2200");
     wxArrayString commands = tools.Commands();
     ASSERT_EQ(commands.size(), 4u);
@@ -155,22 +158,12 @@ TEST_F(Configure, StopsBeforeTheGatewayWhenAskedTo)
     EXPECT_EQ(ui.messages.size(), 1u);
 }
 
-namespace {
-
-class LoadFromDevice : public ::testing::Test, protected TestContext {
-protected:
-    LoadFromDevice()
-    {
-        target.targetEntry = "10.0.0.7";
-        ui.texts = {wxString("10.0.0.7")};
-    }
-};
-
-}  // namespace
-
 // Loading what was fetched, and the map's fallback to ttmbprint, run end to end in configure_test.cpp.
-TEST_F(LoadFromDevice, FetchCommandLinesAndFailures)
+TEST(LoadFromDevice, FetchCommandLinesAndFailures)
 {
+    TestContext t;
+    auto [tools, ui, project, ctx] = std::tie(t.tools, t.ui, t.project, t.ctx);
+    ui.texts = {wxString("10.0.0.7"), wxString("10.0.0.7")};
     LoadProjectFromDevice(ctx);  // the scripted runner writes no file: nothing to read
     const wxArrayString commands = tools.Commands();
     ASSERT_EQ(commands.size(), 3u);
@@ -186,7 +179,6 @@ TEST_F(LoadFromDevice, FetchCommandLinesAndFailures)
 
     tools.runs.clear();
     tools.replies = {{1, {}}};
-    ui.texts = {wxString("10.0.0.7")};
     LoadProjectFromDevice(ctx);
     EXPECT_EQ(tools.runs.size(), 1u);
     EXPECT_EQ(ui.messages.at(1).text, "Failed to obtain configuration from TG7.");
