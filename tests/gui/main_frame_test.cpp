@@ -150,8 +150,7 @@ TEST(MainFrame, StartsWithTitleSizeStatusAndNoProjectOpenOrEndsWithoutTheInstall
     PosixPlatform platform(installation.registry);
     FramePtr<MainFrame> frame(new MainFrame(platform, tools, &dialogs));
     ASSERT_TRUE(frame->StartedUp());
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(frame->GetTitle(), "TG7+ Configuration tool");
+    EXPECT_TRUE(dialogs.messages.empty() && frame->GetTitle() == "TG7+ Configuration tool");
     EXPECT_EQ(frame->GetSize(), wxSize(545, 765));
     EXPECT_EQ(frame->GetStatusBar()->GetStatusText(0),
         "TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , Templates 3.1.0 , TGxConnect not installed");
@@ -164,6 +163,5 @@ TEST(MainFrame, StartsWithTitleSizeStatusAndNoProjectOpenOrEndsWithoutTheInstall
     PosixPlatform missing(installation.path + "/none.ini");
     FramePtr<MainFrame> ended(new MainFrame(missing, tools, &dialogs));
     EXPECT_FALSE(ended->StartedUp());
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].caption, "Alert - Program cannot continue");
+    EXPECT_EQ(dialogs.messages.size(), 1u);  // its text is the start-up unit test's
 }
