@@ -17,6 +17,9 @@ protected:
     ProjectCommands()
     {
         env.TgxProjectPath = dir.path;
+        // A save in automatic map mode builds the configuration: into the scratch folder, not the current one.
+        platform.separator = "/";
+        env.TgxBuildPath = dir.path;
         LoadDefaultProject(project);
         project.projectSaved = 1;
         project.projectOpen = 0;
