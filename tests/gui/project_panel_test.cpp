@@ -29,13 +29,12 @@ public:
     wxChoice* Parity() { return m_choiceParity; }
     wxTextCtrl* ConfigurationName() { return m_textConfigurationName; }
     wxTextCtrl* RtuAddress() { return m_textRtuAddress; }
-    void Choose(wxMenuItem* ProjectFrame::*item)
+    void Choose(wxMenuItem* item)
     {
-        wxCommandEvent event(wxEVT_MENU, (this->*item)->GetId());
+        wxCommandEvent event(wxEVT_MENU, item->GetId());
         ProcessWindowEvent(event);
     }
-    using MainFrame::m_menuItemClose;
-    using MainFrame::m_menuItemSave;
+    using MainFrame::m_menuItemClose, MainFrame::m_menuItemSave;
 };
 
 class LoadedProject : public ::testing::Test {
@@ -64,11 +63,10 @@ protected:
 
 TEST_F(LoadedProject, PanelShowsTheProjectAndItsLists)
 {
-    EXPECT_EQ(frame->ConfigurationName()->GetValue(), wxFileName(project).GetName());
-    EXPECT_EQ(frame->Parity()->GetStringSelection(), "Odd");
+    EXPECT_EQ(frame->ConfigurationName()->GetValue() + "|" + frame->Parity()->GetStringSelection(),
+        wxFileName(project).GetName() + "|Odd");
     ASSERT_EQ(frame->Devices()->GetCount(), 4u);
     EXPECT_EQ(frame->Devices()->GetString(1), "#01 [01] PT-102 Drum pressure : Rosemount3051");
-    EXPECT_EQ(frame->Devices()->GetString(3), "#03 [05] TT-104 Stack temperature : EHTMT82  [DISABLED]");
     EXPECT_EQ(frame->Devices()->GetSelection(), 0);
     EXPECT_EQ(frame->Commands()->GetString(2), "CMD 009:01,02,03,04 - CYCLICAL READ 10   ");
     // The port serves the HART devices: its function is fixed while there are any.
@@ -80,21 +78,18 @@ TEST_F(LoadedProject, PanelShowsTheProjectAndItsLists)
     EXPECT_TRUE(SaveScreenshot(frame.get(), "main_window.png")) << "screenshots need ImageMagick's import";
 }
 
-TEST_F(LoadedProject, SelectingADeviceShowsItsCommands)
+TEST_F(LoadedProject, SelectingADeviceShowsItsCommandsAndADoubleClickOpensModify)
 {
     wxCommandEvent select(wxEVT_LISTBOX, frame->Devices()->GetId());
     select.SetEventObject(frame->Devices());
     select.SetInt(2);
     frame->Context().project.selectedCommand = 1;
     frame->Devices()->GetEventHandler()->ProcessEvent(select);
-    EXPECT_EQ(frame->Context().project.selectedDevice, 2);
-    EXPECT_EQ(frame->Context().project.selectedCommand, 0);  // from the first command
+    // From the device's first command.
+    EXPECT_TRUE(frame->Context().project.selectedDevice == 2 && frame->Context().project.selectedCommand == 0);
     ASSERT_EQ(frame->Commands()->GetCount(), 3u);
     EXPECT_EQ(frame->Commands()->GetString(2), "CMD 035:00,12 - WRITE ON TRIGGER");
-}
 
-TEST_F(LoadedProject, DoubleClickOnALineOpensModify)
-{
     frame->Context().project.selectedDevice = 1;
     dialogs.deviceAnswers.push_back([](DeviceForm&) { return false; });
     wxMouseEvent click(wxEVT_LEFT_DCLICK);
@@ -103,7 +98,6 @@ TEST_F(LoadedProject, DoubleClickOnALineOpensModify)
     PumpEvents();  // Modify arrives as a posted button event
     ASSERT_EQ(dialogs.deviceForms.size(), 1u);
     EXPECT_EQ(dialogs.deviceForms[0].address, "1");
-    EXPECT_EQ(dialogs.deviceForms[0].typeNames[dialogs.deviceForms[0].typeSelection], "Rosemount3051");
 
     frame->Context().project.selectedCommand = 2;
     dialogs.commandAnswers.push_back([](CommandForm&) { return false; });
@@ -118,37 +112,29 @@ TEST(Dialogs, ExchangeTheirFormsBothWays)
     DeviceDialog device(nullptr);
     DeviceForm in;
     in.typeNames = Lines({"Generic", "KFD2"});
-    in.typeSelection = 1;
-    in.address = "0123456789";
-    in.autoAddressing = true;
+    in.typeSelection = 1, in.address = "0123456789", in.autoAddressing = true;
     device.TransferFormToWindow(in);
-    EXPECT_EQ(device.GetTitle(), "Setup Hart Device");
-    EXPECT_EQ(device.m_choiceDeviceType->GetStringSelection(), "KFD2");
-    EXPECT_EQ(device.m_textHartAddress->GetValue(), "0123456789");
-    EXPECT_FALSE(device.m_checkEnabled->GetValue());
-    EXPECT_TRUE(device.m_checkAutoAddressing->GetValue());
+    EXPECT_EQ(Lines({device.GetTitle(), device.m_choiceDeviceType->GetStringSelection(),
+                  device.m_textHartAddress->GetValue()}), Lines({"Setup Hart Device", "KFD2", "0123456789"}));
+    EXPECT_TRUE(!device.m_checkEnabled->GetValue() && device.m_checkAutoAddressing->GetValue());
     device.m_choiceDeviceType->SetSelection(0);
     device.m_textHartAddress->SetValue("12");
     device.m_checkEnabled->SetValue(true);
     DeviceForm out;
     device.TransferWindowToForm(out);
-    EXPECT_EQ(out.typeSelection, 0);
-    EXPECT_EQ(out.address, "12");
-    EXPECT_TRUE(out.enabledForPolling && out.autoAddressing);
+    EXPECT_TRUE(out.typeSelection == 0 && out.address == "12" && out.enabledForPolling && out.autoAddressing);
     device.Show();
     EXPECT_TRUE(SaveScreenshot(&device, "device_dialog.png"));
 
     CmdDialog command(nullptr);
     command.TransferFormToWindow(CommandForm{"48:1,2", "10", true, false});
-    EXPECT_EQ(command.GetTitle(), "Hart Command");
-    EXPECT_EQ(command.m_textCommandNumber->GetValue(), "48:1,2");
-    EXPECT_EQ(command.m_textCycleInterval->GetValue(), "10");
+    EXPECT_EQ(Lines({command.GetTitle(), command.m_textCommandNumber->GetValue(),
+                  command.m_textCycleInterval->GetValue()}), Lines({"Hart Command", "48:1,2", "10"}));
     command.m_textCycleInterval->SetValue("60");
     command.m_checkWrite->SetValue(true);
     CommandForm read;
     command.TransferWindowToForm(read);
-    EXPECT_EQ(read.commandNumber, "48:1,2");
-    EXPECT_EQ(read.cycleInterval, "60");
+    EXPECT_TRUE(read.commandNumber == "48:1,2" && read.cycleInterval == "60");
     EXPECT_TRUE(read.enabledForPolling && read.writeCommand);
     command.Show();
     EXPECT_TRUE(SaveScreenshot(&command, "command_dialog.png"));
@@ -159,13 +145,13 @@ TEST_F(LoadedProject, TypedRtuAddressIsTakenBySaveAndClose)
 {
     frame->RtuAddress()->SetFocus();
     frame->RtuAddress()->ChangeValue("42");
-    frame->Choose(&ProjectFrame::m_menuItemSave);
+    frame->Choose(frame->m_menuItemSave);
     wxArrayString saved;
     ASSERT_TRUE(ReadTextLines(project, saved));
     EXPECT_NE(saved.Index("MODBUS RTU ADDRESS:42"), wxNOT_FOUND);
 
     frame->RtuAddress()->ChangeValue("427");
-    frame->Choose(&ProjectFrame::m_menuItemClose);
+    frame->Choose(frame->m_menuItemClose);
     EXPECT_EQ(frame->Context().project.modbusRtuAddress, 427);
     ASSERT_EQ(dialogs.questions.size(), 1u);  // the unsaved mark makes Close ask; No keeps it open
     EXPECT_EQ(frame->Context().project.projectOpen, 1);

@@ -65,22 +65,19 @@ TEST_F(Commands, AddStoresAcceptedEntriesAndMarksEveryOkAsAnEdit)
     Answer("256", "1");
     AddCommand(ctx);
     const CommandForm& shown = ui.commandForms.at(0);
-    EXPECT_EQ((std::vector<wxString>{shown.commandNumber, shown.cycleInterval}), (std::vector<wxString>{"1", "1"}));
+    EXPECT_EQ(shown.commandNumber + " " + shown.cycleInterval, "1 1");
     EXPECT_TRUE(shown.enabledForPolling && !shown.writeCommand);
     const HartCommandEntry& c = device().commands[0];
     EXPECT_EQ((std::vector<int>{c.commandNumber, c.cycleInterval, c.pollEnabled, c.writeCommand, c.argCount}),
         (std::vector<int>{48, 10, 0, 1, 2}));
     project.projectSaved = 1;
     AddCommand(ctx);  // refused without a word, but still an edit
-    EXPECT_EQ(device().commandCount, 1);
-    EXPECT_EQ(project.projectSaved, 0);
-    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(device().commandCount == 1 && project.projectSaved == 0 && ui.messages.empty());
 
     // Fifty commands are the limit, and a device is needed: no dialog then.
     device().commandCount = MAX_COMMANDS;
     AddCommand(ctx);
-    project.selectedDevice = -1;
-    device().commandCount = 0;
+    project.selectedDevice = -1, device().commandCount = 0;
     AddCommand(ctx);
     EXPECT_EQ(ui.commandForms.size(), 2u);
 }
@@ -93,20 +90,15 @@ TEST_F(Commands, ModifyReplacesInPlaceAndDeleteMovesLaterCommandsDown)
     project.selectedCommand = 1;
     Answer("33", "20");
     ModifyCommand(ctx);
-    EXPECT_EQ(ui.commandForms.at(0).commandNumber, "2:1,2");
-    EXPECT_EQ(ui.commandForms.at(0).cycleInterval, "10");
-    EXPECT_EQ(device().commands[1].commandNumber, 33);
-    EXPECT_EQ(device().commands[1].argCount, 0);
+    EXPECT_EQ(ui.commandForms.at(0).commandNumber + " " + ui.commandForms.at(0).cycleInterval, "2:1,2 10");
+    EXPECT_TRUE(device().commands[1].commandNumber == 33 && device().commands[1].argCount == 0);
 
     project.selectedCommand = 0;
     DeleteCommand(ctx);
     ASSERT_EQ(device().commandCount, 2);
-    EXPECT_EQ(device().commands[0].commandNumber, 33);
-    EXPECT_EQ(device().commands[1].args[0], 2);
+    EXPECT_TRUE(device().commands[0].commandNumber == 33 && device().commands[1].args[0] == 2);
     EXPECT_EQ(project.selectedCommand, 0);
-    project.selectedCommand = 1;  // the last one
-    project.projectSaved = 1;
+    project.selectedCommand = 1, project.projectSaved = 1;  // the last one
     DeleteCommand(ctx);
-    EXPECT_EQ(project.selectedCommand, 0);
-    EXPECT_EQ(project.projectSaved, 0);
+    EXPECT_TRUE(project.selectedCommand == 0 && project.projectSaved == 0);
 }

@@ -36,29 +36,17 @@ void GatewayTwoTypes(Project& project, DeviceTypeTable& types)
     ParseDeviceTypeLine("DEV_TYPE Rosemount3051 rm_dev.ini rm_mb1.ini rm_mb2.ini rm_mb3.ini rm_dmb.ini", types);
     SetText(project.tagName, "Boiler_House");
     SetText(project.remoteIp, "10.1.2.3");
-    project.bridgeBufferTime = 35;
-    project.timeServerEnable = 0;
     SetText(project.timeServerAddress, "ntp.plant.local");
-    project.floatSwapBytes = 1;
-    project.floatSwapWords = 0;
-    project.floatSwapLongs = 1;
     SetText(project.serialPortFunction, "MODBUS");
     SetText(project.serialPortType, "RS485");
-    project.serialBaudRate = 19200;
-    project.serialStopBits = 2;
     SetText(project.serialParity, "EVENPARITY");
-    project.modbusRtuAddress = 17;
-    project.modbusTcpPort = 5020;
-    project.vcpPort = 7720;
-    project.mencapPort = 1101;
-    project.intercomPort = 5030;
-    project.syslogPort = 514;
-    project.hartIpTcpPort = 20004;
     SetText(project.pollingDeferralMode, "PARTIAL");
-    project.nanControl = 2;
-    project.primaryMaster = 0;
-    AddDevice(
-        project, "Rosemount3051", 2, 1, {{3, {}, 0, 10, 1, 0}, {48, {}, 0, 60, 0, 0}, {9, {0, 1, 2, 3}, 4, 5, 1, 0}});
+    Project& p = project;
+    p.bridgeBufferTime = 35, p.timeServerEnable = 0, p.floatSwapBytes = 1, p.floatSwapWords = 0, p.floatSwapLongs = 1;
+    p.serialBaudRate = 19200, p.serialStopBits = 2, p.modbusRtuAddress = 17, p.modbusTcpPort = 5020, p.vcpPort = 7720;
+    p.mencapPort = 1101, p.intercomPort = 5030, p.syslogPort = 514, p.hartIpTcpPort = 20004, p.nanControl = 2;
+    p.primaryMaster = 0;
+    AddDevice(p, "Rosemount3051", 2, 1, {{3, {}, 0, 10, 1, 0}, {48, {}, 0, 60, 0, 0}, {9, {0, 1, 2, 3}, 4, 5, 1, 0}});
     AddDevice(project, "Generic", 7, 0, {{1, {}, 0, 2, 2, 0}, {35, {12, 250}, 2, 0, 1, 1}});
 }
 
@@ -79,9 +67,8 @@ void FiftyCommands(Project& project, DeviceTypeTable& types)
     SetText(project.tagName, "Line_4");
     SetText(project.mode, "BRIDGE CLIENT");
     SetText(project.remoteIp, "192.168.7.20");
-    project.floatSwapBytes = 1;
     SetText(project.pollingDeferralMode, "OFF");
-    project.nanControl = 1;
+    project.floatSwapBytes = 1, project.nanControl = 1;
     AddDevice(project, "Generic", 3, 1);
     ProjectDevice& device = AddDevice(project, "Generic", 9, 1);
     for (int k = 0; k < MAX_COMMANDS; ++k) {
@@ -109,38 +96,27 @@ protected:
 
     wxString Built(const char* relative) const { return env.TgxBuildPath + "/" + relative; }
 
-    bool Generate()
-    {
-        wxString outputFolder, outputName;
-        return GenerateConfiguration(ctx, errorText, outputFolder, outputName);
-    }
+    bool Generate() { return GenerateConfiguration(ctx, errorText, outputFolder, outputName); }
 
     TempDir dir;
-    wxString errorText;
+    wxString errorText, outputFolder, outputName;
 };
 
 TEST_F(ConfigGenerator, WritesTheExpectedScriptAndParameterFile)
 {
-    struct Case {
+    const struct {
         const char* folder;
         void (*setUp)(Project&, DeviceTypeTable&);
-    };
-    const Case cases[] = {
-        {"no_devices", NoDevices},
-        {"gateway_two_types", GatewayTwoTypes},
-        {"mux_long_addresses", MuxLongAddresses},
-        {"fifty_commands", FiftyCommands},
-    };
-    for (const Case& c : cases) {
+    } cases[] = {{"no_devices", NoDevices}, {"gateway_two_types", GatewayTwoTypes},
+        {"mux_long_addresses", MuxLongAddresses}, {"fifty_commands", FiftyCommands}};
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.folder);
         LoadDefaultProject(project);
         deviceTypes.deviceTypeCount = 0;
         c.setUp(project, deviceTypes);
         // Longer leftovers of an earlier build must not survive: the files are rewritten whole.
-        const std::string leftover(20000, 'x');
-        std::ofstream(Built("INCLUDE/ct.ini").fn_str(), std::ios::binary) << leftover;
-        std::ofstream(Built("ADDITIONAL/dbsave.txt").fn_str(), std::ios::binary) << leftover;
-
+        for (const char* file : {"INCLUDE/ct.ini", "ADDITIONAL/dbsave.txt"})
+            std::ofstream(Built(file).fn_str(), std::ios::binary) << std::string(20000, 'x');
         ASSERT_TRUE(Generate());
         const wxString golden = wxString(TGX_SOURCE_DIR) + "/tests/golden/config/" + c.folder;
         EXPECT_EQ(ReadBytes(Built("INCLUDE/ct.ini")), ReadBytes(golden + "/ct.ini"));
@@ -157,19 +133,15 @@ TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
         const char* outputName;
         wxString expectedFolder;
         const char* expectedName;
-    } cases[] = {
-        {"plant7.prj", "", "", defaultFolder, "plant7"},
-        {"my.plant.v2.prj", "", "", defaultFolder, "my.plant.v2"},
-        {"plant7.prj", "/srv/tg7 out", "given", "/srv/tg7 out", "given"},
-    };
+    } cases[] = {{"plant7.prj", "", "", defaultFolder, "plant7"}, {"my.v2.prj", "", "", defaultFolder, "my.v2"},
+        {"plant7.prj", "/srv/tg7 out", "given", "/srv/tg7 out", "given"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.projectFile + wxString("|") + c.outputFolder);
         tools.runs.clear();
         project.projectFilePath = dir.path + "/projects/" + c.projectFile;
-        wxString outputFolder = c.outputFolder, outputName = c.outputName;
-        ASSERT_TRUE(GenerateConfiguration(ctx, errorText, outputFolder, outputName));
-        EXPECT_EQ(outputFolder, c.expectedFolder);
-        EXPECT_EQ(outputName, c.expectedName);
+        outputFolder = c.outputFolder, outputName = c.outputName;
+        ASSERT_TRUE(Generate());
+        EXPECT_EQ(outputFolder + "|" + outputName, c.expectedFolder + "|" + c.expectedName);
         ASSERT_EQ(tools.runs.size(), 1u);
         EXPECT_EQ(tools.runs[0].command,
             "ttbuild -s=BUILD -f=LINUX \"-i=" + env.TgxBuildPath + "/INCLUDE\" \"-a=" + env.TgxBuildPath
@@ -177,8 +149,7 @@ TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
         EXPECT_EQ(tools.runs[0].mode, RunMode::BlockingHidden);
         EXPECT_EQ(tools.runs[0].workingDirectory, env.TgxTemplatesPath);
     }
-    EXPECT_TRUE(errorText.empty());
-    EXPECT_TRUE(ui.events.empty()); // the caller decides what to show
+    EXPECT_TRUE(errorText.empty() && ui.events.empty()); // the caller decides what to show
 }
 
 TEST(ConfigGeneratorCommand, JoinsWindowsPathsWithBackslashesInsideTheQuotes)
@@ -197,14 +168,6 @@ TEST_F(ConfigGenerator, FailedBuildReportsTheExitCodeAfterWritingTheFiles)
     EXPECT_TRUE(wxFileExists(Built("INCLUDE/ct.ini")));
 }
 
-// The script's line is in the expected files (mux_long_addresses); the project keeps the default too.
-TEST_F(ConfigGenerator, EmptyTimeServerGetsTheDefaultWhichStaysInTheProject)
-{
-    SetText(project.timeServerAddress, "");
-    ASSERT_TRUE(Generate());
-    EXPECT_EQ(GetText(project.timeServerAddress), "pool.ntp.org");
-}
-
 TEST_F(ConfigGenerator, CopiesTheProjectFileAndWritesTheMap)
 {
     // Copied byte for byte, whatever its line ends and encoding.
@@ -217,9 +180,12 @@ TEST_F(ConfigGenerator, CopiesTheProjectFileAndWritesTheMap)
     EXPECT_EQ(ReadBytes(Built("ADDITIONAL/MBMAP1.csv")), "40001,PV,FLOAT\r\n40003,SV,FLOAT\r\n");
 
     // No map empties the file; an unsaved project has nothing to copy, and the old copy stays.
+    // An empty time server gets the default, in the script (see mux_long_addresses) and the project.
     project.modbusMapLines.Clear();
     project.projectFilePath.Clear();
+    SetText(project.timeServerAddress, "");
     ASSERT_TRUE(Generate());
+    EXPECT_EQ(GetText(project.timeServerAddress), "pool.ntp.org");
     EXPECT_EQ(ReadBytes(Built("ADDITIONAL/MBMAP1.csv")), "");
     EXPECT_EQ(ReadBytes(Built("ADDITIONAL/tgxconfig.prj")), projectBytes);
 }
@@ -248,7 +214,7 @@ TEST(ConfigGeneratorLines, EveryTableRowOfTheDeviceTypeIsIncludedInTableOrder)
             "; ~~~~~~~~~~~~~~~~~~~", "#include a6(0,0)", "#include b6(0,0)", "#include s6(0,3)", ";", "; END"}));
 }
 
-TEST(ConfigGeneratorLines, ModeAndDeferralTextsMustMatchExactly)
+TEST(ConfigGeneratorLines, ModeAndDeferralTextsMustMatchExactlyAndEightArgumentsAreWritten)
 {
     // The golden files hold the other mode codes and the three known deferral modes.
     const struct {
@@ -268,11 +234,7 @@ TEST(ConfigGeneratorLines, ModeAndDeferralTextsMustMatchExactly)
         SetText(project.pollingDeferralMode, c.deferral);
         EXPECT_EQ(BuildDbSaveLines(project), c.expected);
     }
-}
-
-TEST(ConfigGeneratorLines, ArgumentCountsAboveEightWriteEightValues)
-{
-    // A project file may give more than eight arguments: the reader counts them all.
+    // A project file may give more than eight arguments (the reader counts them all): eight are written.
     Project project;
     LoadDefaultProject(project);
     project.deviceCount = project.devices[0].commandCount = 1;

@@ -60,30 +60,8 @@ wxString FileBytes(const wxString& path)
 
 }  // namespace
 
-TEST(ProjectFile, SmallProjectLinesInOrder)
-{
-    Project p;
-    LoadDefaultProject(p);
-    p.deviceCount = 1;
-    SetText(p.devices[0].deviceName, "FT-101");
-    SetText(p.devices[0].typeName, "Generic");
-    p.devices[0].enabled = 1;
-    p.devices[0].commandCount = 2;
-    p.devices[0].commands[0] = HartCommandEntry{2, {}, 0, 1, 1, 0};
-    p.devices[0].commands[1] = HartCommandEntry{48, {1, 2, 3}, 3, 60, 0, 1};
-    EXPECT_EQ(ProjectFileLines(p),
-              Lines({"TGX VERSION:6.2.2", "", "TGX TAGNAME:Unnamed", "MODE:GATEWAY", "REMOTE IP:0.0.0.0",
-                     "BRIDGE NETWORK BUFFER TIME:20", "VCP PORT NUMBER:772", "MTCP PORT NUMBER:502",
-                     "MENCAP PORT NUMBER:1100", "INTERCOM PORT NUMBER:503", "SYSLOG PORT NUMBER:50000",
-                     "HARTIPTCP PORT NUMBER:5094", "TMS ADDRESS:pool.ntp.org", "TMS ENABLE:1", "TGX PRIMARY MASTER:1",
-                     "POLLING DEFERRAL MODE:NONE", "SERIAL PORT FUNCTION:MODEM", "SERIAL PORT TYPE:RS232",
-                     "SERIAL PORT BAUDRATE:9600", "SERIAL PORT PARITY:NOPARITY", "SERIAL PORT STOPBITS:1",
-                     "MODBUS RTU ADDRESS:1", "AUTOMATIC MODBUS MAP:1", "MODBUS FLOAT SWAP BYTES:0",
-                     "MODBUS FLOAT SWAP WORDS:1", "MODBUS FLOAT SWAP LONGS:0", "MODBUS NAN CTRL:0", "DEVICE COUNT:1",
-                     "FOR DEVICE:0", "DEVICE NAME:FT-101", "TYPE:Generic", "POLL ADDRESS:0", "LONG ADDRESS:",
-                     "ENABLE:1", "HARTCMD:2 1 1 0", "HARTCMD:48 60 0 1", "CMDARGS:1 2 3 "}));
-}
-
+// The order and format of the lines are fixed by tgxcfg resave's expected files; here that every
+// value comes back and the bytes stay the same.
 TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
 {
     TempDir dir;
@@ -92,7 +70,6 @@ TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
     first.project.modbusMapLines = Lines({"HOLDING,40001,ABCD,FLOAT,PV,Primary value,2"});
     const wxString path = dir.path + "/max.prj";
     SaveProject(first.ctx, path);
-    EXPECT_EQ(first.project.projectSaved, 1);
 
     TestContext second;
     wxArrayString lines;
@@ -105,13 +82,7 @@ TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
 
     const wxString bytes = FileBytes(path);
     EXPECT_EQ(bytes, FileBytes(again));
-    EXPECT_EQ(FileBytes(MapFilePath(path)), FileBytes(MapFilePath(again)));
-    EXPECT_EQ(FileBytes(MapFilePath(path)), "HOLDING,40001,ABCD,FLOAT,PV,Primary value,2\r\n");
-    // CR LF after every line, no bare LF anywhere.
-    EXPECT_TRUE(bytes.StartsWith("TGX VERSION:6.2.2\r\n\r\nTGX TAGNAME:"));
-    wxString withoutCrLf = bytes;
-    withoutCrLf.Replace("\r\n", "");
-    EXPECT_EQ(withoutCrLf.Find('\n'), wxNOT_FOUND);
+    EXPECT_EQ(FileBytes(MapFilePath(again)), "HOLDING,40001,ABCD,FLOAT,PV,Primary value,2\r\n");
     // Counts of arguments above eight are written as eight values.
     EXPECT_NE(bytes.Find("CMDARGS:-1 2 -3 4 -5 6 -7 2147483647 \r\n"), wxNOT_FOUND);
 }
@@ -120,63 +91,49 @@ TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
 // commands, the old port number, tag names, ten arguments, indexes beyond 15, text before anything.
 TEST(ProjectFile, ReaderTolerances)
 {
-    struct Case {
+    std::vector<const char*> fiftyOne{"DEVICE COUNT:1", "FOR DEVICE:0"};
+    fiftyOne.insert(fiftyOne.end(), 50, "HARTCMD:2 1 1 0");
+    fiftyOne.insert(fiftyOne.end(), {"CMDARGS:5 ", "HARTCMD:3 1 1 0", "CMDARGS:9 9 "});
+    // What a case looks at, as one text: the device's command count, one command's number, arguments, write flag.
+    const auto first = [](const Project& p, int c) {
+        const HartCommandEntry& e = p.devices[0].commands[c];
+        wxString shown = wxString::Format("%d: #%d", p.devices[0].commandCount, e.commandNumber);
+        for (int a = 0; a < e.argCount; ++a)
+            shown << " " << e.args[a];
+        return shown << wxString::Format(" w%d", e.writeCommand);
+    };
+    const struct {
         const char* name;
         std::vector<const char*> lines;
-        std::function<void(const Project&)> check;
-    };
-    const Case cases[] = {
-        {"a number that does not convert keeps the default",
-         {"MODBUS RTU ADDRESS:x", "SYSLOG PORT NUMBER:99999999999"},
-         [](const Project& p) {
-             EXPECT_EQ(p.modbusRtuAddress, 1);
-             EXPECT_EQ(p.syslogPort, 50000);
-         }},
+        std::function<wxString(const Project&)> shown;
+        const char* expected;
+    } cases[] = {
+        {"a number that does not convert keeps the default", {"MODBUS RTU ADDRESS:x", "SYSLOG PORT NUMBER:99999999999"},
+         [](const Project& p) { return wxString::Format("%d %d", p.modbusRtuAddress, p.syslogPort); }, "1 50000"},
         {"text values are taken as they stand", {"SERIAL PORT PARITY: ODD ", "MODE:BRIDGE CLIENT"},
-         [](const Project& p) {
-             EXPECT_EQ(GetText(p.serialParity), " ODD ");
-             EXPECT_EQ(GetText(p.mode), "BRIDGE CLIENT");
-         }},
+         [](const Project& p) { return GetText(p.serialParity) + "|" + GetText(p.mode); }, " ODD |BRIDGE CLIENT"},
         {"a non-number argument stores 0",
          {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:48 10 1 1", "CMDARGS:1 2 three "},
-         [](const Project& p) {
-             const HartCommandEntry& c = p.devices[0].commands[0];
-             EXPECT_EQ(std::vector<int>(c.args, c.args + c.argCount), (std::vector<int>{1, 2, 0}));
-             EXPECT_EQ(c.writeCommand, 1);
-         }},
+         [&](const Project& p) { return first(p, 0); }, "1: #48 1 2 0 w1"},
         {"a second block for a device empties its commands first",
          {"DEVICE COUNT:1", "FOR DEVICE:0", "HARTCMD:2 1 1 0", "HARTCMD:3 1 1 0", "FOR DEVICE:0", "HARTCMD:9 1 1 0"},
-         [](const Project& p) {
-             ASSERT_EQ(p.devices[0].commandCount, 1);
-             EXPECT_EQ(p.devices[0].commands[0].commandNumber, 9);
-         }},
+         [&](const Project& p) { return first(p, 0); }, "1: #9 w0"},
+        {"the fifty-first command is ignored, and so are its arguments", fiftyOne,
+         [&](const Project& p) { return first(p, MAX_COMMANDS - 1); }, "50: #2 5 w0"},
         {"indexes out of range are ignored",
          {"DEVICE COUNT:40", "FOR DEVICE:-1", "ENABLE:1", "HARTCMD:1 1 1 0", "FOR DEVICE:x", "ENABLE:1"},
          [](const Project& p) {
-             EXPECT_EQ(p.deviceCount, MAX_DEVICES);
-             for (const ProjectDevice& d : p.devices) {
-                 EXPECT_EQ(d.commandCount, 0);
-                 EXPECT_EQ(d.enabled, 0);
-             }
-         }},
-        {"the fifty-first command is ignored",
-         [] {
-             std::vector<const char*> lines{"DEVICE COUNT:1", "FOR DEVICE:0"};
-             lines.insert(lines.end(), 51, "HARTCMD:2 1 1 0");
-             return lines;
-         }(),
-         [](const Project& p) { EXPECT_EQ(p.devices[0].commandCount, MAX_COMMANDS); }},
+             int used = 0;
+             for (const ProjectDevice& d : p.devices)
+                 used += d.commandCount + d.enabled;
+             return wxString::Format("%d %d", p.deviceCount, used);
+         }, "16 0"},
         {"keys are case-sensitive and must start the line; the version line is not a setting",
          {"mode:BRIDGE SERVER", " MODE:BRIDGE SERVER", "TGX VERSION:9.9.9", "MODBUS RTU ADDRESS:9", "NONSENSE"},
-         [](const Project& p) {
-             EXPECT_EQ(GetText(p.mode), "GATEWAY");
-             EXPECT_EQ(p.modbusRtuAddress, 9);
-         }},
+         [](const Project& p) { return wxString::Format("%s %d", GetText(p.mode), p.modbusRtuAddress); }, "GATEWAY 9"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        c.check(Loaded(Lines(c.lines)));
-    }
+    for (const auto& c : cases)
+        EXPECT_EQ(c.shown(Loaded(Lines(c.lines))), c.expected) << c.name;
 }
 
 TEST(TextFiles, OddFilesReadWithoutHarm)
@@ -188,24 +145,16 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         int lines;  // -1: refused as unreadable
     };
     const std::string longLine(1 << 20, 'x');
-    const Case cases[] = {
-        {"empty", "", 0},
-        {"LF line ends", "A\nB\n", 2},
-        {"CR LF line ends, no final line end", "A\r\nB", 2},
-        {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1},
-        {"one line of a megabyte", longLine, 1},
-        {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2},  // either refused or read, never harm
-    };
+    const Case cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
+        {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", longLine, 1},
+        {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2}};  // either refused or read, never harm
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const wxString path = dir.path + "/odd.txt";
         wxFile(path, wxFile::write).Write(c.bytes.data(), c.bytes.size());
         wxArrayString lines;
         const bool read = ReadTextLines(path, lines);
-        if (c.lines >= 0) {
-            EXPECT_TRUE(read);
-            EXPECT_EQ(static_cast<int>(lines.size()), c.lines);
-        }
+        EXPECT_TRUE(c.lines < 0 || (read && static_cast<int>(lines.size()) == c.lines));
         TestContext t;
         EXPECT_EQ(ApplyProjectFile(t.ctx, lines), !lines.empty());
     }

@@ -30,12 +30,11 @@ TEST_F(Startup, ReadsTheInstallationAndStartsWithNoProjectOpen)
     ASSERT_EQ(deviceTypes.deviceTypeCount, 2);
     // The updater runs captured, from the software folder.
     ASSERT_EQ(tools.runs.size(), 1u);
-    EXPECT_EQ(tools.runs[0].command, "powershell \".\\updater.exe /silent\"");
+    EXPECT_EQ(tools.runs[0].command + "|" + tools.runs[0].workingDirectory,
+        "powershell \".\\updater.exe /silent\"|" + dir.path + "/suite/");
     EXPECT_EQ(tools.runs[0].mode, RunMode::Captured);
-    EXPECT_EQ(tools.runs[0].workingDirectory, dir.path + "/suite/");
     EXPECT_EQ(tools.environment["TT_SSH_PORT"], "22");
-    EXPECT_EQ(project.projectOpen, 0);
-    EXPECT_EQ(project.projectSaved, 1);
+    EXPECT_TRUE(project.projectOpen == 0 && project.projectSaved == 1);
     EXPECT_EQ(target.targetHost + target.targetEntry, "");
     EXPECT_EQ(ui.events, (std::vector<wxString>{"refresh", "status: TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , "
                                                            "Templates 3.1 , TGxConnect not installed"}));
@@ -53,7 +52,7 @@ TEST_F(Startup, AMissingRegistryKeyOrDeviceTypeFileIsFatal)
     EXPECT_FALSE(RunStartup(ctx));
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].caption, "Alert - Program cannot continue");
-    EXPECT_EQ(ui.messages[0].icon, MessageIcon::Error);
+    EXPECT_TRUE(ui.messages[0].icon == MessageIcon::Error && !ui.messages[0].centred);
     EXPECT_EQ(ui.messages[0].text, "Cannot locate registry entries required by this program\n\nThis program cannot "
                                    "continue and will now terminate");
     EXPECT_TRUE(tools.runs.empty());  // before anything runs
@@ -63,9 +62,8 @@ TEST_F(Startup, AMissingRegistryKeyOrDeviceTypeFileIsFatal)
     wxRemoveFile(dir.path + "/suite/tgxtemplates/BUILD/ct.cfg");
     EXPECT_FALSE(RunStartup(ctx));
     ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, "FAULT : cannot locate ct.cfg file");
-    EXPECT_EQ(ui.messages[0].caption, "");  // the toolkit's standard caption
-    EXPECT_EQ(tools.runs.size(), 1u);       // after the updater
-    EXPECT_EQ(ui.refreshCount, 0);
-    EXPECT_EQ(project.projectOpen, 1);  // the project was not touched
+    // The toolkit's standard caption.
+    EXPECT_EQ(ui.messages[0].caption + "|" + ui.messages[0].text, "|FAULT : cannot locate ct.cfg file");
+    EXPECT_EQ(tools.runs.size(), 1u);  // after the updater
+    EXPECT_TRUE(ui.refreshCount == 0 && project.projectOpen == 1);  // the project was not touched
 }
