@@ -6,26 +6,19 @@
 
 TEST(RemoteComPort, ReportLineNeedsAllFourFields)
 {
-    struct Case {
+    const struct {
         const char* line;
-        bool valid;
-        const char* com;
-        const char* address;
-        int port;
+        const char* read;  // name|address|port; empty: refused
     } cases[] = {
-        {"COM7 10.0.0.5:772 up", true, "COM7", "10.0.0.5", 772},
-        {"  COM3 plant gw:80 down", true, "COM3", "plant gw", 80},  // the address runs to the colon
-        {"COM7 10.0.0.5 772 up", false, "", "", 0},
-        {"COM7 10.0.0.5:772", false, "", "", 0},
+        {"COM7 10.0.0.5:772 up", "COM7|10.0.0.5|772"},
+        {"  COM3 plant gw:80 down", "COM3|plant gw|80"},  // the address runs to the colon
+        {"COM7 10.0.0.5 772 up", ""},
+        {"COM7 10.0.0.5:772", ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         VirtualPortReport report;
-        EXPECT_EQ(ParseVirtualPortReport(c.line, report), c.valid) << c.line;
-        if (c.valid) {
-            EXPECT_EQ(report.comName, c.com);
-            EXPECT_EQ(report.address, c.address);
-            EXPECT_EQ(report.port, c.port);
-        }
+        const bool read = ParseVirtualPortReport(c.line, report);
+        EXPECT_EQ(read ? wxString::Format("%s|%s|%d", report.comName, report.address, report.port) : "", c.read) << c.line;
     }
 }
 
@@ -39,35 +32,29 @@ TEST(RemoteComPort, CommandLinesAndMessages)
             return true;
         };
     };
-    struct Case {
+    const ToolReply ok{0, {}}, report{0, Lines({"COM7 10.0.0.5:772 up"})};
+    const wxArrayString usual = Lines({"COM3", "COM4"});
+    const struct {
         const char* name;
         std::vector<ToolReply> replies;
-        bool noFreeNames;
+        wxArrayString free;  // the PC's free COM names
         std::function<bool(RemoteForm&)> answer;  // empty: cancelled
         wxArrayString commands;
         const char* message;  // nullptr: none
     } cases[] = {
-        {"no TGxConnect", {{-1, {}}}, false, {}, Lines({"ttvsp -g"}),
-         "Remote Coms Port functionality requires TGxConnect software to be installed"},
-        {"unreadable report", {{0, Lines({"COM7 10.0.0.5 772 up"})}}, false, {}, Lines({"ttvsp -g"}),
-         "Unable to determine name of current VSP port"},
-        {"no port, no free name", {{0, {}}}, true, {}, Lines({"ttvsp -g"}),
-         "Unable to create virtual com port because there are no free COM port names on this PC"},
-        {"first port refused", {{0, {}}, {2, {}}}, false, {},
-         Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\""}), "Unable to create virtual com port."},
-        {"first port created, OK unchanged", {{0, {}}, {0, {}}, {0, {}}}, false, pick("COM3", "192.168.1.250", "1772"),
-         Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\"", "ttvsp COM3 192.168.1.250 -p=1772"}), nullptr},
-        {"renamed, re-creation refused", {{0, Lines({"COM7 10.0.0.5:772 up"})}, {0, {}}, {1, {}}}, false,
-         pick("COM4", "10.0.0.9", "9 00"), Lines({"ttvsp -g", "ttvsp -d", "ttvsp COM4 10.0.0.9 -p=9 00"}),
-         "Unable to create virtual com port. Please ensure you have the latest version of TARN tools installed"},
-        {"cancelled", {{0, Lines({"COM7 10.0.0.5:772 up"})}}, false, {}, Lines({"ttvsp -g"}), nullptr},
+        {"no TGxConnect", {{-1, {}}}, usual, {}, Lines({"ttvsp -g"}), "Remote Coms Port functionality requires TGxConnect software to be installed"},
+        {"unreadable report", {{0, Lines({"COM7 10.0.0.5 772 up"})}}, usual, {}, Lines({"ttvsp -g"}), "Unable to determine name of current VSP port"},
+        {"no port, no free name", {ok}, {}, {}, Lines({"ttvsp -g"}), "Unable to create virtual com port because there are no free COM port names on this PC"},
+        {"first port refused", {ok, {2, {}}}, usual, {}, Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\""}), "Unable to create virtual com port."},
+        {"first port created, OK unchanged", {ok, ok, ok}, usual, pick("COM3", "192.168.1.250", "1772"), Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\"", "ttvsp COM3 192.168.1.250 -p=1772"}), nullptr},
+        {"renamed, re-creation refused", {report, ok, {1, {}}}, usual, pick("COM4", "10.0.0.9", "9 00"), Lines({"ttvsp -g", "ttvsp -d", "ttvsp COM4 10.0.0.9 -p=9 00"}), "Unable to create virtual com port. Please ensure you have the latest version of TARN tools installed"},
+        {"cancelled", {report}, usual, {}, Lines({"ttvsp -g"}), nullptr},
     };
-    for (Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         TestContext t;
         t.project.vcpPort = 1772;
-        if (!c.noFreeNames)
-            t.platform.freeComPorts = Lines({"COM3", "COM4"});
+        t.platform.freeComPorts = c.free;
         t.tools.replies.assign(c.replies.begin(), c.replies.end());
         if (c.answer)
             t.ui.remoteAnswers.push_back(c.answer);
@@ -82,7 +69,7 @@ TEST(RemoteComPort, CommandLinesAndMessages)
     // The choice holds the free names, then the current one even when it is free too.
     TestContext t;
     t.platform.freeComPorts = Lines({"COM3", "COM7"});
-    t.tools.replies = {{0, Lines({"COM7 10.0.0.5:772 up"})}};
+    t.tools.replies = {report};
     RemoteComPortCommand(t.ctx);
     EXPECT_EQ(t.ui.remoteForms.at(0).comNames, Lines({"COM3", "COM7", "COM7"}));
 }
