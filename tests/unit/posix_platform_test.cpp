@@ -12,14 +12,6 @@
 
 namespace {
 
-wxArrayString ComNames(std::initializer_list<int> numbers)
-{
-    wxArrayString names;
-    for (int n : numbers)
-        names.Add(wxString::Format("COM%d", n));
-    return names;
-}
-
 // Sets an environment variable for one scope and restores what was there.
 class ScopedEnv {
 public:
@@ -67,7 +59,7 @@ TEST(PosixRegistryFile, KeysAreGroupsOfTheFileNamedByTheEnvironment)
     EXPECT_EQ(PosixPlatform::DefaultRegistryFile(), wxGetHomeDir() + "/.config/tgx/registry.ini");
 }
 
-TEST(PosixPlatformFacilities, UpdaterRunsOnlyWhenShippedAndNoListingsExist)
+TEST(PosixPlatformFacilities, UpdaterRunsOnlyWhenShippedAndExecutable)
 {
     TempDir dir;
     PosixPlatform platform(dir.path + "/none.ini");
@@ -76,8 +68,6 @@ TEST(PosixPlatformFacilities, UpdaterRunsOnlyWhenShippedAndNoListingsExist)
     EXPECT_EQ(platform.SilentUpdaterCommand(dir.path + "/"), "");  // not executable
     wxExecute("chmod +x \"" + dir.path + "/updater\"", wxEXEC_SYNC);
     EXPECT_EQ(platform.SilentUpdaterCommand(dir.path + "/"), "./updater /silent");
-    EXPECT_TRUE(platform.InstalledSoftwareQueries().empty());
-    EXPECT_EQ(platform.PathSeparator(), "/");
 }
 
 // The scan itself (COM1..COM19, each probed, in order) is shared with Windows.
@@ -85,17 +75,13 @@ TEST(PosixComPorts, DefaultProbeReadsTheTakenListNamedByTheEnvironment)
 {
     TempDir dir;
     const wxString list = dir.Write("taken.txt", "com2\r\n  COM5 \n\nCOM30\nCOM1x\n");
-    PosixPlatform platform(dir.path + "/none.ini");
-    struct Case {
-        wxString listFile;
-        wxArrayString free;
-    } cases[] = {
-        {list, ComNames({1, 3, 4, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
-        {"", ComNames({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19})},
-    };
-    for (const Case& c : cases) {
+    const wxString from7 = " COM7 COM8 COM9 COM10 COM11 COM12 COM13 COM14 COM15 COM16 COM17 COM18 COM19";
+    const struct {
+        wxString listFile, free;
+    } cases[] = {{list, "COM1 COM3 COM4 COM6" + from7}, {"", "COM1 COM2 COM3 COM4 COM5 COM6" + from7}};
+    for (const auto& c : cases) {
         ScopedEnv env("TGX_TAKEN_COM_PORTS", c.listFile);
-        EXPECT_EQ(platform.FreeComPortNames(), c.free) << c.listFile;
+        EXPECT_EQ(wxJoin(PosixPlatform(dir.path + "/none.ini").FreeComPortNames(), ' '), c.free) << c.listFile;
     }
 }
 
