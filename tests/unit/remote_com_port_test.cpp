@@ -4,24 +4,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(RemoteComPort, ReportLineNeedsAllFourFields)
-{
-    const struct {
-        const char* line;
-        const char* read;  // name|address|port; empty: refused
-    } cases[] = {
-        {"COM7 10.0.0.5:772 up", "COM7|10.0.0.5|772"},
-        {"  COM3 plant gw:80 down", "COM3|plant gw|80"},  // the address runs to the colon
-        {"COM7 10.0.0.5 772 up", ""},
-        {"COM7 10.0.0.5:772", ""},
-    };
-    for (const auto& c : cases) {
-        VirtualPortReport report;
-        const bool read = ParseVirtualPortReport(c.line, report);
-        EXPECT_EQ(read ? wxString::Format("%s|%s|%d", report.comName, report.address, report.port) : "", c.read) << c.line;
-    }
-}
-
 TEST(RemoteComPort, CommandLinesAndMessages)
 {
     const auto pick = [](const char* com, const char* address, const char* port) {
@@ -43,7 +25,7 @@ TEST(RemoteComPort, CommandLinesAndMessages)
         const char* message;  // nullptr: none
     } cases[] = {
         {"no TGxConnect", {{-1, {}}}, usual, {}, Lines({"ttvsp -g"}), "Remote Coms Port functionality requires TGxConnect software to be installed"},
-        {"unreadable report", {{0, Lines({"COM7 10.0.0.5 772 up"})}}, usual, {}, Lines({"ttvsp -g"}), "Unable to determine name of current VSP port"},
+        {"unreadable report", {{0, Lines({"COM7 10.0.0.5:772"})}}, usual, {}, Lines({"ttvsp -g"}), "Unable to determine name of current VSP port"},
         {"no port, no free name", {ok}, {}, {}, Lines({"ttvsp -g"}), "Unable to create virtual com port because there are no free COM port names on this PC"},
         {"first port refused", {ok, {2, {}}}, usual, {}, Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\""}), "Unable to create virtual com port."},
         {"first port created, OK unchanged", {ok, ok, ok}, usual, pick("COM3", "192.168.1.250", "1772"), Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\"", "ttvsp COM3 192.168.1.250 -p=1772"}), nullptr},
@@ -66,10 +48,13 @@ TEST(RemoteComPort, CommandLinesAndMessages)
         }
     }
 
-    // The choice holds the free names, then the current one even when it is free too.
+    // The dialog opens on the current port as reported (leading blanks skipped, the address runs to
+    // the colon); the choice holds the free names, then the current one even when it is free too.
     TestContext t;
     t.platform.freeComPorts = Lines({"COM3", "COM7"});
-    t.tools.replies = {report};
+    t.tools.replies = {{0, Lines({"  COM7 plant gw:772 down"})}};
     RemoteComPortCommand(t.ctx);
-    EXPECT_EQ(t.ui.remoteForms.at(0).comNames, Lines({"COM3", "COM7", "COM7"}));
+    const RemoteForm& shown = t.ui.remoteForms.at(0);
+    EXPECT_EQ(shown.comNames, Lines({"COM3", "COM7", "COM7"}));
+    EXPECT_EQ(shown.comName + "|" + shown.address + "|" + shown.port, "COM7|plant gw|772");
 }
