@@ -3,14 +3,13 @@
 // expansion of ttbuild included), and the admin commands (set, reset), are proven by the workflow
 // tests that use them. Each tool is started by name from PATH, a process of its own, all sharing
 // one scratch state folder.
+#include "project/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
-#include <wx/tokenzr.h>
 #include <wx/utils.h>
 
-#include <utility>
 #include <vector>
 
 namespace {
@@ -19,11 +18,6 @@ struct RunResult {
     long code = -1;
     wxArrayString out, err;
 };
-
-wxArrayString LinesOf(const wxString& path)
-{
-    return wxStringTokenize(wxString::FromUTF8(ReadBytes(path)), "\r\n", wxTOKEN_STRTOK);
-}
 
 class Simulator : public ::testing::Test {
 protected:
@@ -36,17 +30,15 @@ protected:
             wxSetEnv("PATH", TGX_SIMULATOR_BIN wxPATH_SEP + path);
     }
 
-    // One run, standard error kept as well, in the scratch folder unless told otherwise.
-    RunResult Run(const wxString& command, const wxString& cwd = wxString())
+    // One run in the scratch folder, standard error kept as well.
+    RunResult Run(const wxString& command)
     {
         RunResult result;
         wxExecuteEnv env;
-        env.cwd = cwd.empty() ? dir.path : cwd;
+        env.cwd = dir.path;
         result.code = wxExecute(command, result.out, result.err, wxEXEC_SYNC | wxEXEC_NODISABLE, &env);
         return result;
     }
-
-    wxString Gateway(const wxString& relative) const { return dir.path + "/gateway/" + relative; }
 
     TempDir dir;
 };
@@ -60,19 +52,17 @@ TEST_F(Simulator, WrongCommandLinesAreRefusedWithTheUsage)
                                 "ttbuild -s=BUILD -f=WINDOWS -i=x -a=y -o=z -c=config", "ttrestore h backup",
                                 "ttreboot h -s=sixty -w -a=1", "ttgetfile h TG7/tgxconfig.prj",
                                 "ttputfile h local.txt /tmp/x -z", "ttmbprint h -f=1"}) {
-        SCOPED_TRACE(command);
         const RunResult result = Run(command);
-        EXPECT_EQ(result.code, 64);
-        EXPECT_TRUE(result.out.empty());
         const wxString tool = wxString(command).BeforeFirst(' ');
-        ASSERT_EQ(result.err.size(), 2u);
-        EXPECT_TRUE(result.err[0].StartsWith(tool + ": ") && result.err[1].StartsWith("usage: " + tool + " ")) << result.err[0];
+        EXPECT_EQ(result.code, 64) << command;
+        EXPECT_TRUE(result.out.empty() && result.err.size() == 2u && result.err[0].StartsWith(tool + ": ") &&
+                    result.err[1].StartsWith("usage: " + tool + " ")) << command << "\n" << wxJoin(result.err, '\n');
     }
 }
 
 TEST_F(Simulator, FaultRulesFailMatchingRunsAndCountAcrossRuns)
 {
-    dir.Write("up/f.txt", "x\r\n");
+    dir.Write("f.txt", "x\r\n");
     const struct {
         const char* name;
         std::vector<const char*> rules;                  // arguments of "tgxsim fault add"
@@ -89,10 +79,12 @@ TEST_F(Simulator, FaultRulesFailMatchingRunsAndCountAcrossRuns)
         for (const char* rule : c.rules)
             ASSERT_EQ(Run(wxString("tgxsim fault add ") + rule).code, 0) << rule;
         for (const auto& [command, code] : c.runs)
-            EXPECT_EQ(Run(command, dir.path + "/up").code, code) << command;
+            EXPECT_EQ(Run(command).code, code) << command;
     }
     // A failed restart never reaches the gateway: the last case restarted it twice.
-    EXPECT_EQ(LinesOf(Gateway("boot.log")).size(), 2u);
+    wxArrayString boots;
+    ASSERT_TRUE(ReadTextLines(dir.path + "/gateway/boot.log", boots));
+    EXPECT_EQ(boots.size(), 2u);
 
     // A rule's own output lines replace the tool's; without them, the failure is on standard error.
     ASSERT_EQ(Run("tgxsim fault add ttdevtype exit=0 output=TG7-Plus \"output=Firmware: TG7main-v6.1.0-build2\"").code, 0);
