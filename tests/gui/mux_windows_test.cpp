@@ -13,19 +13,17 @@
 
 namespace {
 
-// A click on a control: its command event, with the value a box or button now has.
-void Click(wxControl* control, wxEventType type, int value = 0)
+// A click on a control as the user's: a box or radio button takes the value, then the event comes.
+void Click(wxControl* control, wxEventType type, bool value = true)
 {
+    if (wxCheckBox* box = wxDynamicCast(control, wxCheckBox))
+        box->SetValue(value);
+    if (wxRadioButton* radio = wxDynamicCast(control, wxRadioButton))
+        radio->SetValue(value);
     wxCommandEvent event(type, control->GetId());
     event.SetEventObject(control);
     event.SetInt(value);
     control->GetEventHandler()->ProcessEvent(event);
-}
-
-void Tick(wxCheckBox* box, bool value)
-{
-    box->SetValue(value);
-    Click(box, wxEVT_CHECKBOX, value);
 }
 
 }  // namespace
@@ -58,14 +56,13 @@ TEST(RebuildDialog, EstimateFollowsTheBoxes)
 {
     guiMUXRebuild dialog(nullptr);
     EXPECT_EQ(dialog.m_textEstimate->GetValue(), "21 Secs");
-    Tick(dialog.m_checkLoops[3], false);
+    Click(dialog.m_checkLoops[3], wxEVT_CHECKBOX, false);
     EXPECT_FALSE(dialog.m_checkAllLoops->GetValue());
     EXPECT_EQ(dialog.m_textEstimate->GetValue(), "20 Secs");
-    Tick(dialog.m_checkAllLoops, false);
+    Click(dialog.m_checkAllLoops, wxEVT_CHECKBOX, false);
     EXPECT_FALSE(dialog.m_checkLoops[15]->GetValue());
     EXPECT_EQ(dialog.m_textEstimate->GetValue(), "8 Secs");
-    Tick(dialog.m_checkAllLoops, true);
-    dialog.m_radioFirstDevice->SetValue(true);
+    Click(dialog.m_checkAllLoops, wxEVT_CHECKBOX);
     Click(dialog.m_radioFirstDevice, wxEVT_RADIOBUTTON);
     EXPECT_EQ(dialog.m_textEstimate->GetValue(), "232 Secs");
     dialog.Show();
