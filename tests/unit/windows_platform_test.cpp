@@ -107,7 +107,7 @@ TEST_F(ScratchRegistry, InstallationEnvironmentFromTheRegistry)
     }
 }
 
-TEST(WindowsComPorts, FreeNamesAreComOneToNineteenInOrder)
+TEST(WindowsComPorts, ThePlainNameIsProbed)
 {
     // A file named like a port in the current folder opens: the plain name is what is probed.
     TempDir dir;
@@ -117,14 +117,10 @@ TEST(WindowsComPorts, FreeNamesAreComOneToNineteenInOrder)
     const wxArrayString free = WindowsPlatform().FreeComPortNames();
     wxSetWorkingDirectory(previous);
 
-    // In order, below COM20; without the device prefix, COM10 and up are never open ports: always free.
-    wxArrayString expected;
-    for (int n = 1; n <= 19; ++n) {
-        const wxString name = wxString::Format("COM%d", n);
-        if (n < 10 ? free.Index(name) != wxNOT_FOUND : n != 12)
-            expected.Add(name);
-    }
-    EXPECT_EQ(free, expected);
+    // Without the device prefix, COM10 and up are never open ports: always free. (The scan's order
+    // and range are shared with POSIX and checked there.)
+    for (int n = 10; n <= 19; ++n)
+        EXPECT_EQ(free.Index(wxString::Format("COM%d", n)) != wxNOT_FOUND, n != 12) << n;
 }
 
 TEST(WindowsShell, RedirectionThroughCmdExe)
