@@ -1,34 +1,28 @@
 // tgxcfg vcp, mux-scan and mux-rebuild as a script runs them, on the gateway simulator: the
 // remote port, the scan and the loop rebuild end to end.
 #include "project/text_file.h"
+#include "unit/temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
-#include <wx/filefn.h>
-#include <wx/filename.h>
 #include <wx/utils.h>
 
 namespace {
 
 class TgxcfgMux : public ::testing::Test {
 protected:
-    void SetUp() override
+    TgxcfgMux()
     {
-        scratch = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxcfgmux");
-        wxRemoveFile(scratch);
-        CopyTree(wxString(TGX_SOURCE_DIR) + "/simulator/installation", scratch + "/installation");
-        wxArrayString registry = Lines({"[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]",
-                                        "Version=6.2.2", "FirmwareVersion=6.2.2", "TemplatesVersion=3.1.0"});
-        registry.Add("Path=" + scratch + "/installation/");
-        WriteTextLines(scratch + "/registry.ini", registry);
+        CopyTree(wxString(TGX_SOURCE_DIR) + "/simulator/installation", dir.path + "/installation");
         wxGetEnvMap(&env.env);
-        env.env["TGX_REGISTRY"] = scratch + "/registry.ini";
-        env.env["TGX_DOCUMENTS"] = scratch + "/Documents";
-        env.env["TGXSIM_HOME"] = scratch + "/gateway";
+        env.env["TGX_REGISTRY"] = dir.Write("registry.ini", "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\n"
+                                                            "Version=6.2.2\nFirmwareVersion=6.2.2\nTemplatesVersion=3.1.0\n"
+                                                            "Path=" + dir.path + "/installation/\n");
+        env.env["TGX_DOCUMENTS"] = dir.path + "/Documents";
+        env.env["TGXSIM_HOME"] = dir.path + "/gateway";
         env.env["PATH"] = wxString(TGX_SIMULATOR_BIN) + wxPATH_SEP + env.env["PATH"];
-        env.cwd = scratch;
+        env.cwd = dir.path;
     }
-    void TearDown() override { wxFileName::Rmdir(scratch, wxPATH_RMDIR_RECURSIVE); }
     // Runs a program of the build (tgxcfg, or tgxsim from the simulator's folder); standard output.
     wxArrayString Run(const wxString& command, long expected = 0)
     {
@@ -40,7 +34,7 @@ protected:
     wxString Cli(const char* args) const { return "\"" TGX_CLI_BINARY "\" " + wxString(args); }
     wxString Sim(const char* args) const { return wxString(TGX_SIMULATOR_BIN) + "/tgxsim " + args; }
 
-    wxString scratch;
+    TempDir dir;
     wxExecuteEnv env;
 };
 
@@ -66,7 +60,7 @@ TEST_F(TgxcfgMux, RemotePortScanAddAndRebuild)
     // The saved project is a multiplexer's that Configure sends.
     Run(Cli("configure kfd2.prj --target=127.0.0.1 --yes"));
     wxArrayString sent;
-    ASSERT_TRUE(ReadTextLines(scratch + "/gateway/TG7/tgxconfig.prj", sent));
+    ASSERT_TRUE(ReadTextLines(dir.path + "/gateway/TG7/tgxconfig.prj", sent));
     for (const char* line : {"MODE:MULTIPLEXOR", "DEVICE COUNT:2", "LONG ADDRESS:0000000000", "DEVICE NAME:LT200"})
         EXPECT_NE(sent.Index(line), wxNOT_FOUND) << line;
 
