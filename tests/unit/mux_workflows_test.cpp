@@ -19,25 +19,12 @@ wxArrayString RowTexts(const std::vector<MuxRow>& rows)
 
 const ToolReply ok{0, {}}, refused{1, {}};
 
-}  // namespace
-
-TEST(MuxScan, DeviceListLinesBecomeGridRows)
-{
-    EXPECT_EQ(RowTexts(MuxRowsFromDeviceList(Lines({"Multiplexer = 0000000000", "Loop 3 empty",
-                                                    "Device = 0101010101,x,y,TT101,Flow, line 2",
-                                                    "Device = 0202020202,1", " Device = skipped"}))),
-              Lines({"Multiplexer|-|-|0000000000", "Device|TT101|Flow, line 2|0101010101", "Device|||0202020202"}));
-}
-
-namespace {
-
 class ScanCommand : public ::testing::Test, protected TestContext {
 protected:
     ScanCommand()
     {
         platform.separator = "/";
         env.TgxBuildPath = dir.path + "/tgxconfigure";
-        env.TgxTemplatesPath = dir.path + "/tgxtemplates";
         env.TgxProjectPath = dir.path;
         env.FirmwareVersion = "6.2.2";
         for (const char* sub : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
@@ -172,7 +159,8 @@ TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
     const auto status = [](const char* bytes) { return ToolReply{0, Lines({bytes})}; };
     t.tools.replies = {ok, ok, status("Additional device status : 40 0 0 0 0"), status("Additional device status : 0 0 0 0"),
                        status("Device status : 0 0 0 0 0"), status("Additional device status : 3f ff 0 0 0"), refused,
-                       {0, Lines({"Multiplexer = 1234567890", "Device = 42,0,0,PT7,Pressure"})}, ok};
+                       {0, Lines({"Multiplexer = 1234567890", "Loop 3 empty", "Device = 42,x,y,PT7,Pressure, line 2",
+                                  "Device = 43,1", " Device = skipped"})}, ok};
     EXPECT_TRUE(RebuildMuxLoops(t.ctx, t.ui.scanWindow));
     EXPECT_EQ(t.tools.Commands(), Lines({"ttvsp COM5 10.0.0.7 -p=772", "pfmux COM5 -wm=1 -wrl=1:1 -wmm=1 -wlm=1 -rl=65471",
                                          "pfmux COM5 -rads", "pfmux COM5 -rads", "pfmux COM5 -rads", "pfmux COM5 -rads",
@@ -183,7 +171,9 @@ TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
                                                   "pulse: ", "wait 1", "pulse: ", "wait 1", "pulse: ", "wait 1",
                                                   "pulse: Checking multiplexer for discovered devices ..", "progress end"}));
     EXPECT_EQ(t.ui.scanWindow.shows, 2);  // emptied, then refilled
-    EXPECT_EQ(RowTexts(t.ui.scanWindow.rows), Lines({"Multiplexer|-|-|1234567890", "Device|PT7|Pressure|42"}));
+    // The device lines' fields, the description running to the end of the line.
+    EXPECT_EQ(RowTexts(t.ui.scanWindow.rows),
+              Lines({"Multiplexer|-|-|1234567890", "Device|PT7|Pressure, line 2|42", "Device|||43"}));
 
     TestContext no;
     no.platform.freeComPorts = Lines({"COM5"});
