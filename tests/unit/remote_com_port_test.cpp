@@ -4,23 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 TEST(RemoteComPort, CommandLinesAndMessages)
 {
-    const auto pick = [](const char* com, const char* address, const char* port) {
-        return [=](RemoteForm& form) {
-            form.comName = com;
-            form.address = address;
-            form.port = port;
-            return true;
-        };
-    };
     const ToolReply ok{0, {}}, report{0, Lines({"COM7 10.0.0.5:772 up"})};
     const wxArrayString usual = Lines({"COM3", "COM4"});
     const struct {
         const char* name;
         std::vector<ToolReply> replies;
         wxArrayString free;  // the PC's free COM names
-        std::function<bool(RemoteForm&)> answer;  // empty: cancelled
+        std::optional<RemoteForm> answer;  // the user's choices; none: cancelled
         wxArrayString commands;
         const char* message;  // nullptr: none
     } cases[] = {
@@ -28,8 +22,8 @@ TEST(RemoteComPort, CommandLinesAndMessages)
         {"unreadable report", {{0, Lines({"COM7 10.0.0.5:772"})}}, usual, {}, Lines({"ttvsp -g"}), "Unable to determine name of current VSP port"},
         {"no port, no free name", {ok}, {}, {}, Lines({"ttvsp -g"}), "Unable to create virtual com port because there are no free COM port names on this PC"},
         {"first port refused", {ok, {2, {}}}, usual, {}, Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\""}), "Unable to create virtual com port."},
-        {"first port created, OK unchanged", {ok, ok, ok}, usual, pick("COM3", "192.168.1.250", "1772"), Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\"", "ttvsp COM3 192.168.1.250 -p=1772"}), nullptr},
-        {"renamed, re-creation refused", {report, ok, {1, {}}}, usual, pick("COM4", "10.0.0.9", "9 00"), Lines({"ttvsp -g", "ttvsp -d", "ttvsp COM4 10.0.0.9 -p=9 00"}), "Unable to create virtual com port. Please ensure you have the latest version of TARN tools installed"},
+        {"first port created, OK unchanged", {ok, ok, ok}, usual, RemoteForm{{}, "COM3", "192.168.1.250", "1772"}, Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\"", "ttvsp COM3 192.168.1.250 -p=1772"}), nullptr},
+        {"renamed, re-creation refused", {report, ok, {1, {}}}, usual, RemoteForm{{}, "COM4", "10.0.0.9", "9 00"}, Lines({"ttvsp -g", "ttvsp -d", "ttvsp COM4 10.0.0.9 -p=9 00"}), "Unable to create virtual com port. Please ensure you have the latest version of TARN tools installed"},
         {"cancelled", {report}, usual, {}, Lines({"ttvsp -g"}), nullptr},
     };
     for (const auto& c : cases) {
@@ -39,7 +33,10 @@ TEST(RemoteComPort, CommandLinesAndMessages)
         t.platform.freeComPorts = c.free;
         t.tools.replies.assign(c.replies.begin(), c.replies.end());
         if (c.answer)
-            t.ui.remoteAnswers.push_back(c.answer);
+            t.ui.remoteAnswers.push_back([a = *c.answer](RemoteForm& form) {
+                form = a;
+                return true;
+            });
         RemoteComPortCommand(t.ctx);
         EXPECT_EQ(t.tools.Commands(), c.commands);
         ASSERT_EQ(t.ui.messages.size(), c.message ? 1u : 0u);
