@@ -80,16 +80,15 @@ TEST_F(ScratchRegistry, InstallationEnvironmentFromTheRegistry)
     struct Case {
         const char* name;
         wxString keys;
-        bool started;
-        wxString templatesPath, statusLine, connectInstallerPath;
+        wxString read;  // templates folder|TGxConnect installer|status line; empty: not started
     } cases[] = {
-        {"both keys", kSuiteInUserHive + fullSuite + kConnectInMachineHive + "\"Path\"=\"D:\\\\Connect\\\\\"\r\n\"Version\"=\"2.4.1\"\r\n", true, "C:\\Program Files\\TARN\\TGx\\tgxtemplates", "TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect 2.4.1", "D:\\Connect\\installer"},
+        {"both keys", kSuiteInUserHive + fullSuite + kConnectInMachineHive + "\"Path\"=\"D:\\\\Connect\\\\\"\r\n\"Version\"=\"2.4.1\"\r\n", "C:\\Program Files\\TARN\\TGx\\tgxtemplates|D:\\Connect\\installer|TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect 2.4.1"},
         // The connect key counts only in the machine's hive.
-        {"connect key absent", kSuiteInUserHive + fullSuite + kConnectInUserHive + "\"Version\"=\"2.4.1\"\r\n", true, "C:\\Program Files\\TARN\\TGx\\tgxtemplates", "TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect not installed", "installer"},
+        {"connect key absent", kSuiteInUserHive + fullSuite + kConnectInUserHive + "\"Version\"=\"2.4.1\"\r\n", "C:\\Program Files\\TARN\\TGx\\tgxtemplates|installer|TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect not installed"},
         // Missing, empty and non-text values are empty texts, without a word.
-        {"values missing", kSuiteInUserHive + "\"Path\"=\"C:\\\\TGx\"\r\n\"TemplatesVersion\"=\"\"\r\n\"Version\"=dword:00000006\r\n", true, "C:\\TGxtgxtemplates", "TGxSoftwareSuite  , Firmware  , Templates  , TGxConnect not installed", "installer"},
+        {"values missing", kSuiteInUserHive + "\"Path\"=\"C:\\\\TGx\"\r\n\"TemplatesVersion\"=\"\"\r\n\"Version\"=dword:00000006\r\n", "C:\\TGxtgxtemplates|installer|TGxSoftwareSuite  , Firmware  , Templates  , TGxConnect not installed"},
         // The suite key counts only in the user's hive.
-        {"suite key absent", kSuiteInMachineHive + fullSuite, false, "", "", ""},
+        {"suite key absent", kSuiteInMachineHive + fullSuite, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -97,13 +96,9 @@ TEST_F(ScratchRegistry, InstallationEnvironmentFromTheRegistry)
         Import(c.keys);
         ScratchKeyPlatform platform(scratch);
         InstallationEnvironment env;
-        ASSERT_EQ(ReadInstallationEnvironment(platform, env), c.started);
-        if (!c.started)
-            continue;
+        const bool started = ReadInstallationEnvironment(platform, env);
         DeriveInstallationPaths(env, platform.PathSeparator(), platform.DocumentsDir());
-        EXPECT_EQ(env.TgxTemplatesPath, c.templatesPath);
-        EXPECT_EQ(env.TgxConnectInstallerPath, c.connectInstallerPath);
-        EXPECT_EQ(VersionStatusLine(env), c.statusLine);
+        EXPECT_EQ(started ? env.TgxTemplatesPath + "|" + env.TgxConnectInstallerPath + "|" + VersionStatusLine(env) : wxString(), c.read);
     }
 }
 
