@@ -43,11 +43,7 @@ protected:
             replies.insert(replies.begin() + 2, 2, ok);
         tools.replies.assign(replies.begin(), replies.end());
         platform.freeComPorts = freeNames;
-        ui.scanAnswers.push_back([](ScanForm& form) {
-            form.address = "10.0.0.7:2200";
-            form.baudRate = "19200";
-            return true;
-        });
+        ui.scanAnswers.push_back([](ScanForm& form) { form = ScanForm{"10.0.0.7:2200", "19200"}; return true; });
         MuxScanCommand(ctx);
     }
     static ToolReply Report() { return {0, Lines({"TG7-Plus", "TG7main-v6.2.2-b", "TG7tmpl-v3.1.0"})}; }
@@ -135,21 +131,12 @@ TEST(MuxDevices, AddAllAndAddSelected)
 }
 
 // The estimate is checked in the rebuild dialog (mux_windows_test.cpp) and by tgxcfg mux-rebuild.
-TEST(MuxRebuild, TheBoxLabelledSixSetsBitFive)
-{
-    MuxRebuildForm form;
-    for (int k = 0; k < 16; ++k)
-        form.loops[k] = k == 5 || k == 6;
-    EXPECT_EQ(RebuildLoopMask(form), 32);  // bit 6 is never sent
-}
-
 TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
 {
     TestContext t;
     t.target.targetHost = "10.0.0.7";
     t.project.vcpPort = 772;
     t.platform.freeComPorts = Lines({"COM5"});
-    t.ui.scanWindow.rows = {{"Device", "old", "", "1"}};
     t.ui.rebuildAnswers.push_back([](MuxRebuildForm& form) {
         form.addressZeroSearch = false;
         form.firstDeviceSearch = true;
@@ -177,10 +164,14 @@ TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
 
     TestContext no;
     no.platform.freeComPorts = Lines({"COM5"});
-    no.ui.rebuildAnswers.push_back([](MuxRebuildForm&) { return true; });
+    no.ui.rebuildAnswers.push_back([](MuxRebuildForm& form) {
+        for (int k = 0; k < 16; ++k)
+            form.loops[k] = k == 6;  // the box labelled 6 sets bit 5; bit 6 is never sent
+        return true;
+    });
     no.tools.replies = {ok, {3, {}}};
     EXPECT_FALSE(RebuildMuxLoops(no.ctx, no.ui.scanWindow));
-    EXPECT_EQ(no.tools.Commands()[1], "pfmux COM5 -wm=1 -wrl=1:1 -wmm=1 -wlm=0 -rl=65471");
+    EXPECT_EQ(no.tools.Commands()[1], "pfmux COM5 -wm=1 -wrl=1:1 -wmm=1 -wlm=0 -rl=32");
     EXPECT_EQ(no.tools.Commands().Last(), "ttvsp COM5 -d");
     ASSERT_EQ(no.ui.messages.size(), 1u);
     EXPECT_EQ(no.ui.messages[0].text, "Unable communicate with Multiplexer.");
