@@ -70,7 +70,6 @@ TEST_F(Simulator, FaultRulesFailMatchingRunsAndCountAcrossRuns)
     } cases[] = {
         {"substring of the arguments", {"ttputfile match=downloads/ exit=4"}, {{"ttputfile h f.txt /var/www/html/downloads/f.txt", 4}, {"ttputfile h f.txt /var/www/html/f.txt", 0}}},
         {"the first rule that is not spent", {"ttreboot exit=5 fails=1", "ttreboot exit=6"}, {{"ttreboot h", 5}, {"ttreboot h", 0}, {"ttreboot h", 6}}},
-        {"a wrong command line is not counted", {"ttreboot exit=3 fails=1"}, {{"ttreboot", 64}, {"ttreboot h", 3}, {"ttreboot h", 0}}},
         {"twice, then success for good", {"ttreboot exit=1 fails=2"}, {{"ttreboot h", 1}, {"ttreboot h", 1}, {"ttreboot h", 0}, {"ttreboot h", 0}}},
     };
     for (const auto& c : cases) {
@@ -85,15 +84,6 @@ TEST_F(Simulator, FaultRulesFailMatchingRunsAndCountAcrossRuns)
     wxArrayString boots;
     ASSERT_TRUE(ReadTextLines(dir.path + "/gateway/boot.log", boots));
     EXPECT_EQ(boots.size(), 2u);
-
-    // A rule's own output lines replace the tool's; without them, the failure is on standard error.
-    ASSERT_EQ(Run("tgxsim fault add ttdevtype exit=0 output=TG7-Plus \"output=Firmware: TG7main-v6.1.0-build2\"").code, 0);
-    EXPECT_EQ(Run("ttdevtype h").out, Lines({"TG7-Plus", "Firmware: TG7main-v6.1.0-build2"}));
-    ASSERT_EQ(Run("tgxsim fault add ttrestore exit=3").code, 0);
-    const RunResult restore = Run("ttrestore h config");
-    EXPECT_EQ(restore.code, 3);
-    EXPECT_TRUE(restore.out.empty());
-    EXPECT_EQ(restore.err, Lines({"ttrestore: simulated failure (faults.txt line 3)"}));
 }
 
 }  // namespace
