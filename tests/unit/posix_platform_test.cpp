@@ -33,16 +33,13 @@ TEST(PosixRegistryFile, KeysAreGroupsOfTheFileNamedByTheEnvironment)
     TempDir dir;
     const wxString file = dir.Write("registry.ini",
                                     "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\n"
-                                    "Path=/opt/tgx $HOME/\n"
-                                    "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Connect]\n"
-                                    "Version=wrong hive\n");
+                                    "Path=/opt/tgx $HOME/\n");
     PosixPlatform platform(file);
     EXPECT_TRUE(platform.RegistryKeyExists(RegistryHive::CurrentUser, kSuiteRegistryKey));
     EXPECT_FALSE(platform.RegistryKeyExists(RegistryHive::LocalMachine, kSuiteRegistryKey));
     // Values are taken literally: no variable expansion.
     EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, kSuiteRegistryKey, "Path"), "/opt/tgx $HOME/");
     EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, kSuiteRegistryKey, "Version"), "");
-    EXPECT_EQ(platform.RegistryValue(RegistryHive::LocalMachine, kConnectRegistryKey, "Version"), "");
 
     // Missing or damaged files hold no keys, without a word.
     const char binary[] = {'\xff', '\xfe', '[', '\x00', ']', '\n', '='};
