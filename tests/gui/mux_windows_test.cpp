@@ -86,8 +86,7 @@ TEST(MuxScanFrame, OpensAtTheMainWindowsRightEdgeWithScanDisabled)
     wxMenuBar* bar = frame->GetMenuBar();
     const int scanItem = bar->FindMenuItem("Multiplexer", "Scan");
     EXPECT_FALSE(bar->IsEnabled(scanItem));
-    const wxRect main = frame->GetScreenRect();
-    EXPECT_EQ(scanFrame->GetPosition(), wxPoint(main.GetLeft() + main.GetWidth() - 1, main.GetTop()));
+    EXPECT_EQ(scanFrame->GetPosition(), wxPoint(frame->GetScreenRect().GetRight(), frame->GetScreenRect().GetTop()));
     window->ShowRows({{"Multiplexer", "-", "-", "0000000000"}, {"Device", "TT101", "Flow, line 2", "0101010101"}});
     EXPECT_EQ(scanFrame->m_grid->GetCellValue(1, 2), "Flow, line 2");
     scanFrame->m_grid->SelectRow(1);
