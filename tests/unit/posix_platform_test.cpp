@@ -15,10 +15,7 @@ namespace {
 // Sets an environment variable for one scope and restores what was there.
 class ScopedEnv {
 public:
-    ScopedEnv(const wxString& name, const wxString& value) : name(name), had(wxGetEnv(name, &saved))
-    {
-        wxSetEnv(name, value);
-    }
+    ScopedEnv(const wxString& name, const wxString& value) : name(name), had(wxGetEnv(name, &saved)) { wxSetEnv(name, value); }
     ~ScopedEnv() { had ? wxSetEnv(name, saved) : wxUnsetEnv(name); }
 
 private:

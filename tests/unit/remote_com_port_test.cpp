@@ -52,6 +52,6 @@ TEST(RemoteComPort, CommandLinesAndMessages)
     t.tools.replies = {{0, Lines({"  COM7 plant gw:772 down"})}};
     RemoteComPortCommand(t.ctx);
     const RemoteForm& shown = t.ui.remoteForms.at(0);
-    EXPECT_EQ(shown.comNames, Lines({"COM3", "COM7", "COM7"}));
-    EXPECT_EQ(shown.comName + "|" + shown.address + "|" + shown.port, "COM7|plant gw|772");
+    EXPECT_EQ(wxJoin(shown.comNames, ' ') + "|" + shown.comName + "|" + shown.address + "|" + shown.port,
+              "COM3 COM7 COM7|COM7|plant gw|772");
 }
