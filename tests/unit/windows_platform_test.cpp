@@ -65,15 +65,11 @@ private:
     wxString root;
 };
 
-// The header line of a key the tool reads, in Import's notation.
-wxString KeyHeader(const char* hive, const char* key)
-{
-    return wxString::Format("[%s:%s]\r\n", hive, key);
-}
-const wxString kSuiteInUserHive = KeyHeader("HKCU", kSuiteRegistryKey);
-const wxString kSuiteInMachineHive = KeyHeader("HKLM", kSuiteRegistryKey);
-const wxString kConnectInUserHive = KeyHeader("HKCU", kConnectRegistryKey);
-const wxString kConnectInMachineHive = KeyHeader("HKLM", kConnectRegistryKey);
+// The header lines of the keys the tool reads, in Import's notation.
+const wxString kSuiteInUserHive = wxString("[HKCU:") + kSuiteRegistryKey + "]\r\n";
+const wxString kSuiteInMachineHive = wxString("[HKLM:") + kSuiteRegistryKey + "]\r\n";
+const wxString kConnectInUserHive = wxString("[HKCU:") + kConnectRegistryKey + "]\r\n";
+const wxString kConnectInMachineHive = wxString("[HKLM:") + kConnectRegistryKey + "]\r\n";
 
 }  // namespace
 
@@ -84,21 +80,15 @@ TEST_F(ScratchRegistry, InstallationEnvironmentFromTheRegistry)
     struct Case {
         const char* name;
         wxString keys;
-        bool started;
-        wxString templatesPath, statusLine, connectInstallerPath;
+        wxString read;  // templates folder|TGxConnect installer|status line; empty: not started
     } cases[] = {
-        {"both keys", kSuiteInUserHive + fullSuite + kConnectInMachineHive + "\"Path\"=\"D:\\\\Connect\\\\\"\r\n\"Version\"=\"2.4.1\"\r\n",
-         true, "C:\\Program Files\\TARN\\TGx\\tgxtemplates",
-         "TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect 2.4.1", "D:\\Connect\\installer"},
+        {"both keys", kSuiteInUserHive + fullSuite + kConnectInMachineHive + "\"Path\"=\"D:\\\\Connect\\\\\"\r\n\"Version\"=\"2.4.1\"\r\n", "C:\\Program Files\\TARN\\TGx\\tgxtemplates|D:\\Connect\\installer|TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect 2.4.1"},
         // The connect key counts only in the machine's hive.
-        {"connect key absent", kSuiteInUserHive + fullSuite + kConnectInUserHive + "\"Version\"=\"2.4.1\"\r\n", true,
-         "C:\\Program Files\\TARN\\TGx\\tgxtemplates",
-         "TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect not installed", "installer"},
-        // Missing and empty values are empty texts, without a word.
-        {"values missing", kSuiteInUserHive + "\"Path\"=\"C:\\\\TGx\"\r\n\"TemplatesVersion\"=\"\"\r\n", true,
-         "C:\\TGxtgxtemplates", "TGxSoftwareSuite  , Firmware  , Templates  , TGxConnect not installed", "installer"},
+        {"connect key absent", kSuiteInUserHive + fullSuite + kConnectInUserHive + "\"Version\"=\"2.4.1\"\r\n", "C:\\Program Files\\TARN\\TGx\\tgxtemplates|installer|TGxSoftwareSuite 6.2.2 , Firmware 6.2.1 , Templates 3.1.0 , TGxConnect not installed"},
+        // Missing, empty and non-text values are empty texts, without a word.
+        {"values missing", kSuiteInUserHive + "\"Path\"=\"C:\\\\TGx\"\r\n\"TemplatesVersion\"=\"\"\r\n\"Version\"=dword:00000006\r\n", "C:\\TGxtgxtemplates|installer|TGxSoftwareSuite  , Firmware  , Templates  , TGxConnect not installed"},
         // The suite key counts only in the user's hive.
-        {"suite key absent", kSuiteInMachineHive + fullSuite, false, "", "", ""},
+        {"suite key absent", kSuiteInMachineHive + fullSuite, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -106,26 +96,13 @@ TEST_F(ScratchRegistry, InstallationEnvironmentFromTheRegistry)
         Import(c.keys);
         ScratchKeyPlatform platform(scratch);
         InstallationEnvironment env;
-        ASSERT_EQ(ReadInstallationEnvironment(platform, env), c.started);
-        if (!c.started)
-            continue;
+        const bool started = ReadInstallationEnvironment(platform, env);
         DeriveInstallationPaths(env, platform.PathSeparator(), platform.DocumentsDir());
-        EXPECT_EQ(env.TgxTemplatesPath, c.templatesPath);
-        EXPECT_EQ(env.TgxConnectInstallerPath, c.connectInstallerPath);
-        EXPECT_EQ(VersionStatusLine(env), c.statusLine);
+        EXPECT_EQ(started ? env.TgxTemplatesPath + "|" + env.TgxConnectInstallerPath + "|" + VersionStatusLine(env) : wxString(), c.read);
     }
 }
 
-TEST_F(ScratchRegistry, ValuesThatAreNotTextsReadAsEmpty)
-{
-    Import(kSuiteInUserHive + "\"Version\"=dword:00000006\r\n\"Path\"=\"C:\\\\TGx\\\\\"\r\n");
-    ScratchKeyPlatform platform(scratch);
-    EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, kSuiteRegistryKey, "Path"), "C:\\TGx\\");
-    EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, kSuiteRegistryKey, "Version"), "");
-    EXPECT_EQ(platform.RegistryValue(RegistryHive::CurrentUser, "Software\\no such key", "Path"), "");
-}
-
-TEST(WindowsComPorts, FreeNamesAreComOneToNineteenInOrder)
+TEST(WindowsComPorts, ThePlainNameIsProbed)
 {
     // A file named like a port in the current folder opens: the plain name is what is probed.
     TempDir dir;
@@ -135,20 +112,10 @@ TEST(WindowsComPorts, FreeNamesAreComOneToNineteenInOrder)
     const wxArrayString free = WindowsPlatform().FreeComPortNames();
     wxSetWorkingDirectory(previous);
 
-    ASSERT_LE(free.size(), 19u);
-    long last = 0;
-    for (const wxString& name : free) {
-        long n = 0;
-        ASSERT_TRUE(name.StartsWith("COM") && name.Mid(3).ToLong(&n)) << name;
-        EXPECT_GT(n, last) << name;
-        EXPECT_LE(n, 19) << name;
-        last = n;
-    }
-    // Without the device prefix, COM10 and up are never open ports: always free.
-    for (int n = 10; n <= 19; ++n) {
-        const wxString name = wxString::Format("COM%d", n);
-        EXPECT_EQ(free.Index(name) != wxNOT_FOUND, n != 12) << name;
-    }
+    // Without the device prefix, COM10 and up are never open ports: always free. (The scan's order
+    // and range are shared with POSIX and checked there.)
+    for (int n = 10; n <= 19; ++n)
+        EXPECT_EQ(free.Index(wxString::Format("COM%d", n)) != wxNOT_FOUND, n != 12) << n;
 }
 
 TEST(WindowsShell, RedirectionThroughCmdExe)
@@ -165,8 +132,7 @@ TEST(WindowsShell, RedirectionThroughCmdExe)
         const char* firstLine;
     } cases[] = {
         // The blank before ">" belongs to echo's text: cmd.exe's own rule.
-        {"echo map line", "_temp.mbd", 0, "map line "},
-        {"echo spaced", "out file.txt", 0, "spaced "},
+        {"echo spaced", "out file.txt", 0, "spaced "},  // a file name with a blank
         {"exit 3", "empty.txt", 3, nullptr},  // the command's exit code is the run's
     };
     for (const Case& c : cases) {
