@@ -6,6 +6,7 @@
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 #include <wx/utils.h>
 
 #include <vector>
@@ -333,4 +334,43 @@ TEST_F(Tgxcfg, ConfigureQuestionsAreAnsweredYesOnlyWhenAsked)
     EXPECT_EQ(run.status, 1);
     ASSERT_EQ(run.err.size(), 1u);
     EXPECT_TRUE(run.err[0].StartsWith("tgxcfg: \"Line-4\" cannot be entered at \"Enter a Tagname for this TG7\""));
+}
+
+TEST_F(Tgxcfg, DiffReportsExactlyTheEditSinceTheLastConfigure)
+{
+    const auto json = [](const CliRun& run) { return nlohmann::json::parse(wxJoin(run.out, '\n').utf8_string()); };
+    const wxString own = OwnInstallation();
+    const std::vector<wxString> diff = {own, "diff", "boiler_house.prj", "--target=127.0.0.1"},
+        configure = {own, "configure", "boiler_house.prj", "--target=127.0.0.1", "--yes"},
+        diffJson = {own, "diff", "boiler_house.prj", "--target=127.0.0.1", "--format=json"};
+    CliRun run = Run(diff);  // nothing configured yet
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, Lines({"Failed to obtain configuration from TG7."}));
+    ASSERT_EQ(Run(configure).status, 0);
+    EXPECT_EQ(Run(diff).out, wxArrayString());
+
+    wxArrayString lines = Read("boiler_house.prj");
+    lines[lines.Index("SERIAL PORT BAUDRATE:19200")] = "SERIAL PORT BAUDRATE:9600";
+    Write("boiler_house.prj", lines);
+    run = Run(diff);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, Lines({"SERIAL PORT BAUDRATE: 9600 -> 19200"}));
+    EXPECT_EQ(json(Run(diffJson)), nlohmann::json::parse(R"({"same": false, "differences": [{"kind": "setting",
+        "change": "changed", "subject": "SERIAL PORT BAUDRATE", "before": "9600", "after": "19200"}]})"));
+    ASSERT_EQ(Run(configure).status, 0);
+    run = Run(diffJson);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(json(run)["same"], true);
+
+    // The other two documents, in their documented shapes.
+    const auto shown = json(Run({"show", "boiler_house.prj", "--format=json"}));
+    EXPECT_EQ(shown["settings"]["SERIAL PORT BAUDRATE"], "9600");
+    EXPECT_EQ(shown["devices"][2]["commands"][2], nlohmann::json::parse(R"({"number": 35, "interval": 1,
+        "polled": true, "writeOnTrigger": true, "arguments": [0, 12]})"));
+    EXPECT_EQ(shown["map"].size(), 5u);
+    lines.Add("FOR DEVICE:16");
+    Write("boiler_house.prj", lines);
+    EXPECT_EQ(json(Run({"check", "boiler_house.prj", "--format=json"})),
+        nlohmann::json::parse(R"({"problems": [{"file": "boiler_house.prj", "line": )" + std::to_string(lines.size())
+            + R"(, "message": "device 16 is outside 0..15: its lines are ignored"}]})"));
 }
