@@ -54,10 +54,16 @@ bool ScriptedUserInterface::ChooseFile(FileChoiceForm& form)
 
 namespace {
 
+// Records the dialog (its form as shown, when `shown` is given) and takes its scripted answer;
+// none scripted counts as cancelled and is noted.
 template <class Form>
 bool TakeDialogAnswer(std::deque<std::function<bool(Form&)>>& script, Form& form, const char* name,
-                      std::vector<wxString>& unanswered)
+                      std::vector<wxString>& events, std::vector<wxString>& unanswered,
+                      std::vector<Form>* shown = nullptr)
 {
+    if (shown != nullptr)
+        shown->push_back(form);
+    events.push_back(name);
     if (script.empty()) {
         unanswered.push_back(name);
         return false;
@@ -71,16 +77,12 @@ bool TakeDialogAnswer(std::deque<std::function<bool(Form&)>>& script, Form& form
 
 bool ScriptedUserInterface::EditDevice(DeviceForm& form)
 {
-    deviceForms.push_back(form);
-    events.push_back("device dialog");
-    return TakeDialogAnswer(deviceAnswers, form, "device dialog", unanswered);
+    return TakeDialogAnswer(deviceAnswers, form, "device dialog", events, unanswered, &deviceForms);
 }
 
 bool ScriptedUserInterface::EditCommand(CommandForm& form)
 {
-    commandForms.push_back(form);
-    events.push_back("command dialog");
-    return TakeDialogAnswer(commandAnswers, form, "command dialog", unanswered);
+    return TakeDialogAnswer(commandAnswers, form, "command dialog", events, unanswered, &commandForms);
 }
 
 void ScriptedUserInterface::RefreshCommandList()
@@ -126,29 +128,22 @@ void ScriptedUserInterface::WaitSeconds(int seconds)
 
 bool ScriptedUserInterface::EditOptions(OptionsForm& form)
 {
-    optionsForms.push_back(form);
-    events.push_back("options dialog");
-    return TakeDialogAnswer(optionsAnswers, form, "options dialog", unanswered);
+    return TakeDialogAnswer(optionsAnswers, form, "options dialog", events, unanswered, &optionsForms);
 }
 
 bool ScriptedUserInterface::EditRemote(RemoteForm& form)
 {
-    remoteForms.push_back(form);
-    events.push_back("remote dialog");
-    return TakeDialogAnswer(remoteAnswers, form, "remote dialog", unanswered);
+    return TakeDialogAnswer(remoteAnswers, form, "remote dialog", events, unanswered, &remoteForms);
 }
 
 bool ScriptedUserInterface::EditScan(ScanForm& form)
 {
-    scanForms.push_back(form);
-    events.push_back("scan dialog");
-    return TakeDialogAnswer(scanAnswers, form, "scan dialog", unanswered);
+    return TakeDialogAnswer(scanAnswers, form, "scan dialog", events, unanswered, &scanForms);
 }
 
 bool ScriptedUserInterface::EditMuxRebuild(MuxRebuildForm& form)
 {
-    events.push_back("rebuild dialog");
-    return TakeDialogAnswer(rebuildAnswers, form, "rebuild dialog", unanswered);
+    return TakeDialogAnswer(rebuildAnswers, form, "rebuild dialog", events, unanswered);
 }
 
 MuxScanWindow* ScriptedUserInterface::OpenMuxScanWindow()
