@@ -12,6 +12,8 @@
 
 namespace {
 
+const char* const kRosemountPv = "HOLDING,1022,4,FLOAT,L0D1:PV,Pressure,2";  // device 1, its words swapped
+
 struct CliRun {
     long status = -1;
     wxArrayString out;
@@ -61,15 +63,17 @@ protected:
 
 }  // namespace
 
-TEST_F(TgxcfgMap, MapCommandsAnswerOnTheConsoleAndEndWithTheirStatus)
+TEST_F(TgxcfgMap, MapCommandsRunTheirChainAndEndWithTheirStatus)
 {
     CliRun run = Run({"map-mode", "boiler_house.prj", "automatic"});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, Lines({"Enable Automatic Modbus Map Generation", "",
                               "The user defined modbus map will be lost !! Do you wish to continue ? No"}));
     EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "automatic", "--yes"}).status, 0);
-    EXPECT_EQ(Read("boiler_house.mbd")[0], "HOLDING,1,0,UINT16,SYS:STATUS,Gateway status,1");
+    const wxArrayString generated = Read("boiler_house.mbd");  // from the templates of its four devices
+    EXPECT_TRUE(generated[0] == "HOLDING,1,0,UINT16,SYS:STATUS,Gateway status,1" && generated.Index(kRosemountPv) != wxNOT_FOUND);
     EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "user", "--yes"}).status, 0);
+    EXPECT_EQ(Read("boiler_house.mbd"), generated);
 
     Write("other.prj", {"TGX VERSION:6.2.2"});
     run = Run({"import-map", "boiler_house.prj", "--from-project=other.prj"});
@@ -77,10 +81,18 @@ TEST_F(TgxcfgMap, MapCommandsAnswerOnTheConsoleAndEndWithTheirStatus)
     EXPECT_EQ(run.err, Lines({"This project does not have a modbus map associated with it."}));
     EXPECT_EQ(Read("boiler_house.mbd"), Lines({}));  // saved all the same
 
+    // Without the gateway's map file the map it runs is printed.
     Write("gateway/TG7/MBMAP1.csv", {"HOLDING,7,0,UINT16,RUNNING,Running map,1"});
+    Write("gateway/faults.txt", {"ttgetfile match=TG7/MBMAP1.csv exit=1"});
     EXPECT_EQ(Run({"import-map", "boiler_house.prj", "--from-target=127.0.0.1:2222"}).status, 0);
     Write("gateway/mbedit.txt", {"add HOLDING,8,0,UINT16,ADDED,Added,1"});
     EXPECT_EQ(Run({"edit-map", "boiler_house.prj"}).status, 0);
-    EXPECT_EQ(Read("boiler_house.mbd"),
-              Lines({"HOLDING,7,0,UINT16,RUNNING,Running map,1", "HOLDING,8,0,UINT16,ADDED,Added,1"}));
+    const wxArrayString edited = Lines({"HOLDING,7,0,UINT16,RUNNING,Running map,1", "HOLDING,8,0,UINT16,ADDED,Added,1"});
+    EXPECT_EQ(Read("boiler_house.mbd"), edited);
+
+    Write("gateway/faults.txt", {"inifile exit=2"});
+    run = Run({"edit-map", "boiler_house.prj"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err.Last(), "Unable to generate _temp.dat file from _temp.ini 2");
+    EXPECT_EQ(Read("boiler_house.mbd"), edited);
 }
