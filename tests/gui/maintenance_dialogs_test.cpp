@@ -11,8 +11,6 @@ TEST(OptionsDialog, ExchangesItsFormBothWays)
 {
     OptionsDialog dialog(nullptr);
     EXPECT_EQ(dialog.GetTitle(), "Options");
-    EXPECT_EQ(dialog.GetSize(), wxSize(283, 399));
-    EXPECT_EQ(dialog.m_headingTimeServer->GetForegroundColour(), wxColour(51, 153, 255));
     OptionsForm form;
     form.ports[4] = "50000";
     form.timeServerAddress = "pool.ntp.org";
@@ -29,11 +27,18 @@ TEST(OptionsDialog, ExchangesItsFormBothWays)
     EXPECT_TRUE(SaveScreenshot(&dialog, "options_dialog.png"));
 }
 
-TEST(AboutBox, NameVersionAndDescription)
+TEST(AboutBox, NameVersionAndTheInstallationInLinesAndTabs)
 {
     InstallationEnvironment env;
-    env.FirmwareVersion = "6.2.2";
+    env.FirmwareVersion = "6.3.0";
+    env.TgxSoftwareInstallerPath = "C:\\TGx\\installer";
+    env.TgxProjectPath = "D:\\PROJECTS";
     const wxAboutDialogInfo info = AboutBoxInfo(env, wxIcon());
     EXPECT_EQ(info.GetName() + " " + info.GetVersion(), "TGx+ Configuration tool 6.2.2");
-    EXPECT_EQ(info.GetDescription(), AboutDescription(env));
+    EXPECT_EQ(info.GetDescription(), "Configuration Utility for TG7-Plus HART Gateway\n\n"
+                                     "TGxSoftwareVersion : \t\nTGxConnectVersion : \t\nFirmwareVersion : \t6.3.0\n"
+                                     "TemplatesVersion : \t\n\nTgxSoftwarePath : \t\nTGxConnectPath : \t\n"
+                                     "TgxSoftwareInstallerPath : \tC:\\TGx\\installer\nTgxConnectInstallerPath : \t\n"
+                                     "TgxTemplatesPath : \t\nTgxProjectPath : \t\tD:\\PROJECTS\nTgxFirmwarePath : \t\n"
+                                     "TgxDocumentPath : \t\nTgxBuildPath : \t\t\n");
 }
