@@ -1,5 +1,5 @@
-// tgxcfg's map commands as a script runs them: the built program, the sample installation, the
-// example projects and the gateway simulator on PATH.
+// tgxcfg's map and gateway maintenance commands as a script runs them: the built program, the
+// sample installation, the example projects and the gateway simulator on PATH.
 #include "project/text_file.h"
 #include "wx_test_support.h"
 
@@ -16,31 +16,34 @@ const char* const kRosemountPv = "HOLDING,1022,4,FLOAT,L0D1:PV,Pressure,2";  // 
 
 struct CliRun {
     long status = -1;
-    wxArrayString out;
-    wxArrayString err;
+    wxArrayString out, err;
 };
 
-class TgxcfgMap : public ::testing::Test {
+class TgxcfgGateway : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        scratch = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxcfgmap");
+        scratch = wxFileName::CreateTempFileName(wxFileName::GetTempDir() + "/tgxcfggw");
         wxRemoveFile(scratch);
         CopyTree(wxString(TGX_SOURCE_DIR) + "/simulator/installation", scratch + "/installation");
         CopyTree(wxString(TGX_SOURCE_DIR) + "/docs/examples", scratch);
         wxFileName::Mkdir(scratch + "/gateway/TG7", wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    }
-    void TearDown() override { wxFileName::Rmdir(scratch, wxPATH_RMDIR_RECURSIVE); }
-
-    CliRun Run(const std::vector<wxString>& args) const
-    {
-        wxExecuteEnv env;
+        WriteTextLines(scratch + "/registry.ini",
+                       Lines({"[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]", "Version=6.2.2",
+                              "FirmwareVersion=6.2.2", "TemplatesVersion=3.1.0", "[HKEY_LOCAL_MACHINE/Software/TARN SYSTEMS LTD/TGx Connect]",
+                              "Path=" + scratch + "/installation/tgxconnect/"}));
         wxGetEnvMap(&env.env);
+        env.env["TGX_REGISTRY"] = scratch + "/registry.ini";
         env.env["TGX_DOCUMENTS"] = scratch + "/Documents";
         env.env["TGXSIM_HOME"] = scratch + "/gateway";
         env.env["PATH"] = wxString(TGX_SIMULATOR_BIN) + wxPATH_SEP + env.env["PATH"];
         env.env.erase("DISPLAY");
         env.cwd = scratch;
+    }
+    void TearDown() override { wxFileName::Rmdir(scratch, wxPATH_RMDIR_RECURSIVE); }
+
+    CliRun Run(const std::vector<wxString>& args) const
+    {
         wxString command = "\"" TGX_CLI_BINARY "\" \"--software-path=" + scratch + "/installation\"";
         for (const wxString& arg : args)
             command << " \"" << arg << "\"";
@@ -48,6 +51,7 @@ protected:
         run.status = wxExecute(command, run.out, run.err, wxEXEC_SYNC | wxEXEC_NODISABLE, &env);
         return run;
     }
+    void Simulator(const wxString& admin) const { EXPECT_EQ(wxExecute(TGX_SIMULATOR_BIN "/tgxsim " + admin, wxEXEC_SYNC, nullptr, &env), 0); }
     wxArrayString Read(const wxString& relative) const
     {
         wxArrayString lines;
@@ -59,11 +63,12 @@ protected:
     }
 
     wxString scratch;
+    wxExecuteEnv env;
 };
 
 }  // namespace
 
-TEST_F(TgxcfgMap, MapCommandsRunTheirChainAndEndWithTheirStatus)
+TEST_F(TgxcfgGateway, MapCommandsRunTheirChainAndEndWithTheirStatus)
 {
     CliRun run = Run({"map-mode", "boiler_house.prj", "automatic"});
     EXPECT_EQ(run.status, 1);
@@ -95,4 +100,40 @@ TEST_F(TgxcfgMap, MapCommandsRunTheirChainAndEndWithTheirStatus)
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err.Last(), "Unable to generate _temp.dat file from _temp.ini 2");
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
+}
+
+TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
+{
+    wxArrayString five = Read("boiler_house.prj");  // with a fifth device
+    five[five.Index("DEVICE COUNT:4")] = "DEVICE COUNT:5";
+    WX_APPEND_ARRAY(five, Lines({"FOR DEVICE:4", "TYPE:Generic"}));
+    WriteTextLines(scratch + "/five.prj", five);
+    CliRun run = Run({"configure", "five.prj", "--target=127.0.0.1", "--yes"});
+    ASSERT_EQ(run.status, 0) << wxJoin(run.err, '\n');
+    const wxArrayString configured = Read("gateway/TG7/tgxconfig.prj");
+    Simulator("set firmware 6.1.0");
+
+    run = Run({"update-firmware", "--target=127.0.0.1:2222", "--yes"});
+    EXPECT_EQ(run.status, 0) << wxJoin(run.err, '\n');
+    EXPECT_EQ(run.out.Last(), "the 'Upload Installation files' under the 'target' menu.");
+    EXPECT_NE(Read("gateway/settings.ini").Index("firmware=6.2.2"), wxNOT_FOUND);
+    EXPECT_EQ(Read("gateway/TG7/tgxconfig.prj"), configured);  // rebuilt from its own project
+    EXPECT_TRUE(Read("gateway/boot.log").Last().EndsWith("TT_SSH_PORT=2222\toptions=-s=60 -w -a=5"));
+    EXPECT_EQ(Run({"fetch", "--target=127.0.0.1", "backup.prj"}).status, 0);
+    EXPECT_TRUE(Read("backup.prj") == configured && wxFileExists(scratch + "/backup.mbd"));
+    EXPECT_EQ(Run({"upload-installers", "--target=127.0.0.1", "--yes"}).status, 0);
+    for (const char* file : {"index.html", "downloads/TG7UserGuide.pdf", "downloads/mbEditUserGuide.pdf",
+                             "downloads/TGxSoftwareSuite.msi", "downloads/TGxConnect.msi"})
+        EXPECT_TRUE(wxFileExists(scratch + "/gateway/root/var/www/html/" + file)) << file;
+
+    // A gateway without a project is migrated from the default project.
+    Simulator("reset");
+    EXPECT_EQ(Run({"update-firmware", "--target=127.0.0.1", "--yes"}).status, 0);
+    EXPECT_NE(Read("gateway/TG7/tgxconfig.prj").Index("TGX TAGNAME:Unnamed"), wxNOT_FOUND);
+    EXPECT_TRUE(Read("gateway/boot.log").Last().EndsWith("-a=0"));
+
+    Write("gateway/faults.txt", {"ttreboot exit=1"});
+    run = Run({"reboot", "--target=127.0.0.1"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(wxJoin(run.out, '|').EndsWith("ERROR : Failed to reboot TG7|Done"));
 }
