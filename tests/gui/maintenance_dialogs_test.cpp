@@ -1,5 +1,4 @@
 #include "app/installation_environment.h"
-#include "app/small_commands.h"
 #include "app/user_interface.h"
 #include "gui_support.h"
 #include "remote/options_dialog.h"
