@@ -14,10 +14,7 @@ namespace {
 
 const char* const kRosemountPv = "HOLDING,1022,4,FLOAT,L0D1:PV,Pressure,2";  // device 1, its words swapped
 
-struct CliRun {
-    long status = -1;
-    wxArrayString out, err;
-};
+struct CliRun { long status = -1; wxArrayString out, err; };
 
 class TgxcfgGateway : public ::testing::Test {
 protected:
@@ -56,10 +53,7 @@ protected:
         wxArrayString lines;
         return ReadTextLines(scratch + "/" + relative, lines) ? lines : Lines({"(missing)"});
     }
-    void Write(const wxString& relative, std::initializer_list<const char*> lines) const
-    {
-        WriteTextLines(scratch + "/" + relative, Lines(lines));
-    }
+    void Write(const wxString& file, std::initializer_list<const char*> lines) const { WriteTextLines(scratch + "/" + file, Lines(lines)); }
 
     wxString scratch;
     wxExecuteEnv env;
