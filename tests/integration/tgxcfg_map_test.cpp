@@ -48,11 +48,7 @@ protected:
         return run;
     }
     void Simulator(const wxString& admin) const { EXPECT_EQ(wxExecute(TGX_SIMULATOR_BIN "/tgxsim " + admin, wxEXEC_SYNC, nullptr, &env), 0); }
-    wxArrayString Read(const wxString& relative) const
-    {
-        wxArrayString lines;
-        return ReadTextLines(scratch + "/" + relative, lines) ? lines : Lines({"(missing)"});
-    }
+    wxArrayString Read(const wxString& file) const { wxArrayString l; return ReadTextLines(scratch + "/" + file, l) ? l : Lines({"(missing)"}); }
     void Write(const wxString& file, std::initializer_list<const char*> lines) const { WriteTextLines(scratch + "/" + file, Lines(lines)); }
 
     wxString scratch;
@@ -63,12 +59,6 @@ protected:
 
 TEST_F(TgxcfgGateway, MapCommandsRunTheirChainAndEndWithTheirStatus)
 {
-    EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "automatic", "--yes"}).status, 0);
-    const wxArrayString generated = Read("boiler_house.mbd");  // from the templates of its four devices
-    EXPECT_TRUE(generated[0] == "HOLDING,1,0,UINT16,SYS:STATUS,Gateway status,1" && generated.Index(kRosemountPv) != wxNOT_FOUND);
-    EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "user", "--yes"}).status, 0);
-    EXPECT_EQ(Read("boiler_house.mbd"), generated);
-
     Write("other.prj", {"TGX VERSION:6.2.2"});
     CliRun run = Run({"import-map", "boiler_house.prj", "--from-project=other.prj"});
     EXPECT_EQ(run.status, 1);
@@ -84,11 +74,15 @@ TEST_F(TgxcfgGateway, MapCommandsRunTheirChainAndEndWithTheirStatus)
     const wxArrayString edited = Lines({"HOLDING,7,0,UINT16,RUNNING,Running map,1", "HOLDING,8,0,UINT16,ADDED,Added,1"});
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
 
-    Write("gateway/faults.txt", {"inifile exit=2"});
+    Write("gateway/faults.txt", {"dbtojson exit=1"});
     run = Run({"edit-map", "boiler_house.prj"});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err.Last(), "Unable to generate _temp.dat file from _temp.ini 2");
+    EXPECT_EQ(run.err.Last(), "Unable to generate _temp.json file from _temp.dat");
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
+
+    EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "automatic", "--yes"}).status, 0);
+    const wxArrayString generated = Read("boiler_house.mbd");  // from the templates of its four devices
+    EXPECT_TRUE(generated[0] == "HOLDING,1,0,UINT16,SYS:STATUS,Gateway status,1" && generated.Index(kRosemountPv) != wxNOT_FOUND);
 }
 
 TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)

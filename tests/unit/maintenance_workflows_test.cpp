@@ -128,13 +128,11 @@ TEST(UploadInstallers, TheFirstFailureStops)
 
 TEST(Options, OkTakesBackWhatItAcceptsAndAnEmptyAddressBecomesTheDefault)
 {
-    // Typed into every port row and the address; OK or Cancel; the first row's setting then (772 before).
+    // Typed into every port row and the address; OK or Cancel; the first row's setting then (772 before): "80x"
+    // counts as the value the conversion leaves.
     const struct { const char* typed; bool ok; int stored; const char* address; } cases[] = {
-        {"70000", true, 70000, "70000"}, {"-5", true, 772, "-5"}, {"abc", true, 772, "abc"},
-        {"80x", true, 80, "80x"},  // the value the conversion leaves counts
-        {"99999999999", true, 2147483647, "99999999999"},
-        {"", true, 772, kDefaultTimeServer}, {"", false, 772, kDefaultTimeServer},
-    };
+        {"70000", true, 70000, "70000"}, {"-5", true, 772, "-5"}, {"abc", true, 772, "abc"}, {"80x", true, 80, "80x"},
+        {"99999999999", true, 2147483647, "99999999999"}, {"", true, 772, kDefaultTimeServer}, {"", false, 772, kDefaultTimeServer}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.typed);
         TestContext t;
