@@ -5,7 +5,6 @@
 #include "deploy/maintenance_commands.h"
 #include "fakes/test_context.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
 #include "remote/options_editing.h"
 #include "temp_dir.h"
 #include "wx_test_support.h"
@@ -30,14 +29,15 @@ protected:
         project.devices[1].commands[49].args[7] = 77;
         project.modbusMapLines = Lines({"user map"});
     }
-    void Run(std::deque<ToolReply> replies)
+    void Run(size_t failing = 9)  // the run that fails; the ninth is the last one
     {
         // What ttgetfile would have fetched: a project of five devices and its map.
         dir.Write("P/tgxconfig.prj", "TGX TAGNAME:GW5\r\nDEVICE COUNT:5\r\nAUTOMATIC MODBUS MAP:0\r\n");
         dir.Write("P/MBMAP1.csv", "gateway map\r\n");
         tools.runs.clear();
         ui.messages.clear();
-        tools.replies = replies;
+        tools.replies = std::deque<ToolReply>(failing);
+        tools.replies.push_back({4, {}});
         ui.texts = {wxString("10.0.0.9")};
         ui.answers = {true};
         UpdateFirmware(ctx);
@@ -50,7 +50,7 @@ protected:
 TEST_F(FirmwareUpdate, MigratesTheGatewaysProjectAndGivesTheUsersBack)
 {
     const Project before = project;
-    Run({});
+    Run();
     const wxString p = dir.path + "/P/";
     EXPECT_EQ(tools.Commands(),
               Lines({"ttgetfile \"10.0.0.9\" TG7/tgxconfig.prj \"" + p + "tgxconfig.prj\"",
@@ -84,9 +84,7 @@ TEST_F(FirmwareUpdate, AFailureLeavesTheMigratedProjectOpenAndItsFiles)
         "Failed to reboot TG7"};
     for (size_t failing = 2; failing < 9; ++failing) {
         SCOPED_TRACE(failing);
-        std::deque<ToolReply> replies(failing);
-        replies.push_back({4, {}});
-        Run(replies);
+        Run(failing);
         EXPECT_EQ(tools.runs.size(), failing + 1);
         EXPECT_EQ(ui.messages.at(0).text, wxString("ERROR : ") + messages[failing - 2]);
         EXPECT_TRUE(ui.messages.size() == 1 && ui.progress.back() == "end" && GetText(project.tagName) == "GW5");
@@ -145,9 +143,8 @@ TEST(Options, OkTakesBackWhatItAcceptsAndAnEmptyAddressBecomesTheDefault)
             return c.ok;
         }};
         EditOptions(t.ctx);
-        const OptionsForm& shown = t.ui.optionsForms.at(0);
-        EXPECT_EQ(wxArrayString(6, shown.ports), Lines({"772", "502", "1100", "503", "50000", "5094"}));
-        EXPECT_TRUE(shown.timeServerAddress == kDefaultTimeServer && shown.useTimeServer);
+        EXPECT_EQ(wxArrayString(6, t.ui.optionsForms.at(0).ports), Lines({"772", "502", "1100", "503", "50000", "5094"}));
+        EXPECT_TRUE(t.ui.optionsForms[0].timeServerAddress == kDefaultTimeServer && t.ui.optionsForms[0].useTimeServer);
         EXPECT_EQ(t.project.vcpPort, c.stored);
         EXPECT_EQ(t.project.hartIpTcpPort, c.stored == 772 ? 5094 : c.stored);
         EXPECT_EQ(GetText(t.project.timeServerAddress), c.address);

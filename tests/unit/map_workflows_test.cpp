@@ -134,35 +134,31 @@ TEST_F(MapWorkflow, EveryMapCommandChecksTheProjectFirst)
 
 TEST_F(MapWorkflow, EditRunsTheChainAndCleansUpAfterEachFailure)
 {
-    project.floatSwapBytes = project.floatSwapLongs = 1;
-    project.floatSwapWords = 0;
-    // The exit codes of ttbuild, inifile, dbtojson, mbedit; the file ttbuild leaves; "": the edited map is taken back.
-    const struct { std::vector<long> codes; const char *appIni, *message; } cases[] = {
-        {{0}, "other.ini", "Unable to locate or open file app.ini"},
-        {{0, -1}, "app.ini", "Unable to generate _temp.dat file from _temp.ini -1"},
-        {{0, 0, 1}, "app.ini", "Unable to generate _temp.json file from _temp.dat"},
-        {{0, 0, 0}, "app.ini", "Unable to copy project modbus file to _temp.mbd"},  // the save wrote no map
-        {{0, 0, 0, 1}, "app.ini", ""},  // the editor's exit code is not examined
+    // The replies of ttbuild, inifile, dbtojson, mbedit; the file ttbuild leaves; where the project is saved (a
+    // folder that does not exist: no map file); "": the edited map is taken back, the editor's exit code not examined.
+    const struct { std::deque<ToolReply> replies; const char *appIni, *prj, *message; } cases[] = {
+        {{{0, {}}}, "other.ini", "plant.prj", "Unable to locate or open file app.ini"},
+        {{{0, {}}, {-1, {}}}, "app.ini", "plant.prj", "Unable to generate _temp.dat file from _temp.ini -1"},
+        {{{0, {}}, {0, {}}, {1, {}}}, "app.ini", "plant.prj", "Unable to generate _temp.json file from _temp.dat"},
+        {{{0, {}}, {0, {}}, {0, {}}}, "app.ini", "missing/plant.prj", "Unable to copy project modbus file to _temp.mbd"},
+        {{{0, {}}, {0, {}}, {0, {}}, {1, {}}}, "app.ini", "plant.prj", ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.message);
         wxRemoveFile(env.TgxBuildPath + "/OUTPUT/app.ini");
         tools.runs.clear();
         ui.messages.clear();
-        tools.replies = {};
-        for (long code : c.codes)
-            tools.replies.push_back({code, {}});
+        tools.replies = c.replies;
         outputs = {{"ttbuild", {c.appIni, ""}}, {"cmd.exe /C inifile", {"_temp.dat", "x"}},
                    {"cmd.exe /C dbtojson", {"_temp.json", "x"}}, {"mbedit", {"_temp.mbd", "EDITED"}}};
-        const bool noMapFile = wxString(c.message).StartsWith("Unable to copy");  // no such folder to save into
-        project.projectFilePath.Assign(dir.path + (noMapFile ? "/missing/plant.prj" : "/plant.prj"));
+        project.projectFilePath.Assign(dir.path + "/" + c.prj);
         EXPECT_EQ(EditModbusMap(ctx), *c.message == '\0');
-        EXPECT_EQ(tools.runs.size(), c.codes.size());
+        EXPECT_EQ(tools.runs.size(), c.replies.size());
         EXPECT_EQ(FirstMessage(), c.message);
         EXPECT_EQ(TempFilesLeft(), 0u);
     }
     EXPECT_EQ(tools.Commands(), Lines({tools.runs[0].command, "cmd.exe /C inifile _temp -p=../ADDITIONAL -db >_temp.dat",
-                                       "cmd.exe /C dbtojson _temp.dat _temp.json", "mbedit /d _temp.json /m _temp.mbd /s 10"}));
+                                       "cmd.exe /C dbtojson _temp.dat _temp.json", "mbedit /d _temp.json /m _temp.mbd /s 4"}));
     EXPECT_EQ(FileLines("plant.mbd"), Lines({"EDITED"}));
 }
 
@@ -183,10 +179,9 @@ TEST_F(MapWorkflow, ImportFromDeviceFallsBackToThePrintedMap)
     }
     EXPECT_EQ(wxJoin(wxArrayString(3, &ui.progress.at(0)), '|', '\0'),
               "begin: Load Modbus map from TG7\n | Downloading modbus map|pulse: Downloading modbus map|end");
-    EXPECT_TRUE(ui.messages.empty());
 }
 
-TEST_F(MapWorkflow, ImportFromProjectTriesMbdThenMbAndSavesInEveryCase)
+TEST_F(MapWorkflow, ImportFromProjectTriesMbdThenMbAndSavesInEveryCaseAndExportAsksForItsFile)
 {
     const char* const cases[][3] = {{"NEW", "OLDER", "NEW"}, {nullptr, "OLDER", "OLDER"}, {nullptr, nullptr, nullptr}};
     for (const auto& c : cases) {
@@ -200,15 +195,13 @@ TEST_F(MapWorkflow, ImportFromProjectTriesMbdThenMbAndSavesInEveryCase)
     }
     EXPECT_EQ(FirstMessage(), "This project does not have a modbus map associated with it.");
     EXPECT_EQ(Form(), "Load Modbus Map From Project|" + dir.path + "|*.prj|*.prj|must exist");
-}
 
-TEST_F(MapWorkflow, ExportAsksForTheFileEvenForAnUnsavedProject)
-{
-    project.projectFilePath.Clear();
+    project.projectFilePath.Clear();  // an unsaved project may be exported
+    project.modbusMapLines = Lines({"OLD"});
+    ui.fileForms.clear();
     ui.files = {dir.path + "/MAP.CSV"};
     ExportModbusMap(ctx);
     EXPECT_EQ(FileLines("MAP.CSV").Last(), "OLD");  // the layouts: tgxcfg's ExportMapChoosesTheLayoutByTheFileName
     EXPECT_EQ(Form(), "Export map as CSV or Text file|" + platform.documentsDir +
                           "|data.csv|CSV files (*.csv)|*.csv|Text files (*.txt)|*.txt|save|overwrite?");
-    EXPECT_TRUE(ui.messages.empty());
 }
