@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(OptionsDialog, ExchangesItsFormBothWays)
+TEST(MaintenanceDialogs, OptionsExchangesItsFormBothWaysAndAboutShowsTheInstallation)
 {
     OptionsDialog dialog(nullptr);
     EXPECT_EQ(dialog.GetTitle(), "Options");
@@ -14,15 +14,11 @@ TEST(OptionsDialog, ExchangesItsFormBothWays)
     dialog.TransferFormToWindow(form);
     EXPECT_TRUE(dialog.m_textPorts[4]->GetValue() == "50000" && dialog.m_checkTimeServer->GetValue());
     dialog.m_textPorts[0]->SetValue("any text");
-    dialog.m_textTimeServer->SetValue("ntp.plant.local");
     dialog.m_checkTimeServer->SetValue(false);
     dialog.TransferWindowToForm(form);
     EXPECT_TRUE(form.ports[0] == "any text" && form.ports[4] == "50000");
-    EXPECT_TRUE(form.timeServerAddress == "ntp.plant.local" && !form.useTimeServer);
-}
+    EXPECT_TRUE(form.timeServerAddress == "pool.ntp.org" && !form.useTimeServer);
 
-TEST(AboutBox, NameVersionAndTheInstallationInLinesAndTabs)
-{
     InstallationEnvironment env;
     env.FirmwareVersion = "6.3.0";
     env.TgxSoftwareInstallerPath = "C:\\TGx\\installer";
