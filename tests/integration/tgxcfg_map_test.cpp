@@ -71,9 +71,7 @@ TEST_F(TgxcfgGateway, MapCommandsRunTheirChainAndEndWithTheirStatus)
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
 
     Write("gateway/faults.txt", {"dbtojson exit=1"});
-    CliRun run = Run({"edit-map", "boiler_house.prj"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err.Last(), "Unable to generate _temp.json file from _temp.dat");
+    EXPECT_EQ(Run({"edit-map", "boiler_house.prj"}).status, 1);  // its message: the unit test's
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
 
     EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "automatic", "--yes"}).status, 0);

@@ -76,9 +76,9 @@ TEST_F(FirmwareUpdate, MigratesTheGatewaysProjectAndGivesTheUsersBack)
 
 TEST_F(FirmwareUpdate, AFailureLeavesTheMigratedProjectOpenAndItsFiles)
 {
-    const char* const messages[] = {  // by the run that fails; the first two are the fetches
-        "Failed to upload firmware", "Failed to upload documentation", "Failed to upload documentation",  // 2nd manual not tried
-        "Failed to upload website",
+    // By the run that fails, the first two being the fetches; the second manual is not tried after the first failed.
+    const char* const messages[] = {
+        "Failed to upload firmware", "Failed to upload documentation", "Failed to upload documentation", "Failed to upload website",
         "Failed to build configuration files for TG7 - (ttbuild returned 4).\nCheck TARN software is properly installed",
         "Failed to upload configuration files to TG7 - (ttrestore returned 4).\nCheck IP address, Power and Network connection",
         "Failed to reboot TG7"};

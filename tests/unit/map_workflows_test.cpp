@@ -41,7 +41,7 @@ protected:
     wxString FirstMessage() const { return ui.messages.empty() ? wxString() : ui.messages[0].text; }
     wxString Form() const
     {
-        const FileChoiceForm& f = ui.fileForms.at(0);
+        const FileChoiceForm& f = ui.fileForms.back();
         return f.title + "|" + f.folder + "|" + f.fileName + "|" + f.wildcard + (f.save ? "|save" : "") +
                (f.overwritePrompt ? "|overwrite?" : "") + (f.mustExist ? "|must exist" : "");
     }
@@ -183,7 +183,7 @@ TEST_F(MapWorkflow, ImportFromDeviceFallsBackToThePrintedMap)
 
 TEST_F(MapWorkflow, ImportFromProjectTriesMbdThenMbAndSavesInEveryCaseAndExportAsksForItsFile)
 {
-    const char* const cases[][3] = {{"NEW", "OLDER", "NEW"}, {nullptr, "OLDER", "OLDER"}, {nullptr, nullptr, nullptr}};
+    const char* const cases[][3] = {{"NEW", "OLDER", "NEW"}, {nullptr, nullptr, nullptr}, {nullptr, "OLDER", "OLDER"}};
     for (const auto& c : cases) {
         wxFileName::Rmdir(dir.path + "/other", wxPATH_RMDIR_RECURSIVE);
         for (int i = 0; i < 2; ++i)
@@ -197,11 +197,9 @@ TEST_F(MapWorkflow, ImportFromProjectTriesMbdThenMbAndSavesInEveryCaseAndExportA
     EXPECT_EQ(Form(), "Load Modbus Map From Project|" + dir.path + "|*.prj|*.prj|must exist");
 
     project.projectFilePath.Clear();  // an unsaved project may be exported
-    project.modbusMapLines = Lines({"OLD"});
-    ui.fileForms.clear();
     ui.files = {dir.path + "/MAP.CSV"};
     ExportModbusMap(ctx);
-    EXPECT_EQ(FileLines("MAP.CSV").Last(), "OLD");  // the layouts: tgxcfg's ExportMapChoosesTheLayoutByTheFileName
+    EXPECT_EQ(FileLines("MAP.CSV").Last(), "OLDER");  // the layouts: tgxcfg's ExportMapChoosesTheLayoutByTheFileName
     EXPECT_EQ(Form(), "Export map as CSV or Text file|" + platform.documentsDir +
                           "|data.csv|CSV files (*.csv)|*.csv|Text files (*.txt)|*.txt|save|overwrite?");
 }
