@@ -15,9 +15,10 @@ TEST(MaintenanceDialogs, OptionsExchangesItsFormBothWaysAndAboutShowsTheInstalla
     EXPECT_TRUE(dialog.m_textPorts[4]->GetValue() == "50000" && dialog.m_checkTimeServer->GetValue());
     dialog.m_textPorts[0]->SetValue("any text");
     dialog.m_checkTimeServer->SetValue(false);
-    dialog.TransferWindowToForm(form);
-    EXPECT_TRUE(form.ports[0] == "any text" && form.ports[4] == "50000");
-    EXPECT_TRUE(form.timeServerAddress == "pool.ntp.org" && !form.useTimeServer);
+    OptionsForm back;  // a fresh form: every field read from the window
+    dialog.TransferWindowToForm(back);
+    EXPECT_TRUE(back.ports[0] == "any text" && back.ports[4] == "50000");
+    EXPECT_TRUE(back.timeServerAddress == "pool.ntp.org" && !back.useTimeServer);
 
     InstallationEnvironment env;
     env.FirmwareVersion = "6.3.0";
