@@ -71,8 +71,9 @@ TEST_F(TgxcfgGateway, MapCommandsRunTheirChainAndEndWithTheirStatus)
     const wxArrayString edited = Lines({"HOLDING,7,0,UINT16,RUNNING,Running map,1", "HOLDING,8,0,UINT16,ADDED,Added,1"});
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
 
-    Write("gateway/faults.txt", {"dbtojson exit=1"});
-    EXPECT_EQ(Run({"edit-map", "boiler_house.prj"}).status, 1);  // its message: the unit test's
+    // A failed build stops the editor's chain without a word of its own (the chain's messages: the unit test's).
+    Write("gateway/faults.txt", {"ttbuild exit=3 fails=1"});
+    EXPECT_EQ(Run({"edit-map", "boiler_house.prj"}).status, 1);
     EXPECT_EQ(Read("boiler_house.mbd"), edited);
 
     EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "automatic", "--yes"}).status, 0);
