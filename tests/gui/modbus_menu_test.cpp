@@ -3,71 +3,38 @@
 #include "gui_support.h"
 #include "platform/posix_platform.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
-#include "unit/temp_dir.h"
 #include "ui/main_frame.h"
-#include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 
-namespace {
-
-class ModbusMenuFrame : public MainFrame {
-public:
-    using MainFrame::MainFrame;
-    // A click as the menu delivers it: a check item is toggled first, the event says its new state.
-    void Click(wxMenuItem* item)
-    {
-        const bool checked = item->IsCheckable() && !item->IsChecked();
-        if (item->IsCheckable())
-            item->Check(checked);
-        wxCommandEvent event(wxEVT_MENU, item->GetId());
-        event.SetInt(checked ? 1 : 0);
-        ProcessWindowEvent(event);
-    }
-    wxString Marks() const
-    {
-        return wxString(m_menuItemAutomaticMap->IsChecked() ? "A" : "-") + (m_menuItemUserDefinedMap->IsChecked() ? "U" : "-");
-    }
-    using MainFrameBase::m_menuItemAutomaticMap, MainFrameBase::m_menuItemUserDefinedMap, MainFrameBase::m_menuItemExportMap;
-};
-
-}  // namespace
-
-TEST(ModbusMenu, CheckMarksFollowTheModeAndExportWritesTheChosenFile)
+TEST(ModbusMenu, CheckMarksFollowTheModeOnceTheChangeIsConfirmed)
 {
-    TempDir dir;
-    const wxString registry = dir.Write("registry.ini", "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\n"
-                                                        "Path=" TGX_SOURCE_DIR "/simulator/installation/\nVersion=6.2.2\n");
-    PosixPlatform platform(registry);
+    SampleInstallation dir;
+    PosixPlatform platform(dir.registry);
     ScriptedUserInterface dialogs;
     ScriptedToolRunner tools;
     tools.fallback = {4, {}};  // no build: the automatic save keeps the map, silently
-    FramePtr<ModbusMenuFrame> frame(new ModbusMenuFrame(platform, tools, &dialogs));
+    FramePtr<MainFrame> frame(new MainFrame(platform, tools, &dialogs));
     AppContext& ctx = frame->Context();
     ctx.env.TgxBuildPath = dir.path;  // what a switch to automatic generates goes here
     LoadDefaultProject(ctx.project);
     ctx.project.automaticModbusMap = 0;
     ctx.project.projectFilePath.Assign(dir.path + "/plant.prj");
     frame->RefreshPanelFromProject();
-    EXPECT_EQ(frame->Marks(), "-U");
-
+    wxMenuBar* bar = frame->GetMenuBar();
+    const int automatic = bar->FindMenuItem("Modbus", "Automatic Map"), user = bar->FindMenuItem("Modbus", "User defined Map");
     dialogs.answers = {false, true};
-    const std::pair<wxMenuItem*, const char*> clicks[] = {
-        {frame->m_menuItemAutomaticMap, "-U"},   // answered No
-        {frame->m_menuItemUserDefinedMap, "-U"}, // the checked item: nothing asked
-        {frame->m_menuItemAutomaticMap, "A-"},   // answered Yes
+    const std::pair<int, const char*> clicks[] = {
+        {automatic, "-U"},  // answered No
+        {user, "-U"},       // the checked item: nothing asked
+        {automatic, "A-"},  // answered Yes
     };
-    for (const auto& [item, marks] : clicks) {
-        frame->Click(item);
-        EXPECT_EQ(frame->Marks(), marks);
+    for (const auto& [id, marks] : clicks) {
+        bar->Check(id, !bar->IsChecked(id));  // a click as the menu delivers it: the item toggled first
+        wxCommandEvent event(wxEVT_MENU, id);
+        event.SetInt(bar->IsChecked(id) ? 1 : 0);
+        frame->ProcessWindowEvent(event);
+        EXPECT_EQ(wxString(bar->IsChecked(automatic) ? "A" : "-") + (bar->IsChecked(user) ? "U" : "-"), marks);
     }
     EXPECT_EQ(dialogs.questions.size(), 2u);
-    EXPECT_EQ(ctx.project.automaticModbusMap, 1);
-
-    dialogs.files = {dir.path + "/map.txt"};
-    frame->Click(frame->m_menuItemExportMap);
-    wxArrayString lines;
-    ASSERT_TRUE(ReadTextLines(dir.path + "/map.txt", lines));
-    EXPECT_EQ(lines[0], "Modbus Register Map");
 }

@@ -1,13 +1,17 @@
-// Update Firmware, Upload Installers and Reboot against the scripted ports.
+// Gateway maintenance against the scripted ports: Update Firmware, Upload Installers, Reboot,
+// Target > Options and the small commands of the Help and Target menus.
+#include "app/small_commands.h"
 #include "deploy/firmware_update.h"
 #include "deploy/maintenance_commands.h"
 #include "fakes/test_context.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "remote/options_editing.h"
 #include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -17,26 +21,23 @@ protected:
     {
         platform.separator = "/";
         env.TgxBuildPath = dir.path + "/cfg";
-        env.TgxFirmwarePath = dir.path + "/fw";
-        env.TgxDocumentPath = dir.path + "/doc";
         env.TgxProjectPath = dir.path + "/P";
         env.FirmwareVersion = "6.3.0";
-        for (const char* sub : {"INCLUDE", "ADDITIONAL"})
-            wxFileName::Mkdir(env.TgxBuildPath + "/" + sub, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        wxFileName::Mkdir(env.TgxBuildPath + "/INCLUDE", wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        wxFileName::Mkdir(env.TgxBuildPath + "/ADDITIONAL");
         LoadDefaultProject(project);  // the user's, with an unsaved edit deep in the record
         project.devices[1].commands[49].args[7] = 77;
         project.modbusMapLines = Lines({"user map"});
-        GatewayFilesFetched();
     }
-    // What ttgetfile would have fetched: a project of five devices and its map.
-    void GatewayFilesFetched()
+    void Run(size_t failing = 9)  // the run that fails; the ninth is the last one
     {
+        // What ttgetfile would have fetched: a project of five devices and its map.
         dir.Write("P/tgxconfig.prj", "TGX TAGNAME:GW5\r\nDEVICE COUNT:5\r\nAUTOMATIC MODBUS MAP:0\r\n");
         dir.Write("P/MBMAP1.csv", "gateway map\r\n");
-    }
-    void Run(std::deque<ToolReply> replies)
-    {
-        tools.replies = replies;
+        tools.runs.clear();
+        ui.messages.clear();
+        tools.replies = std::deque<ToolReply>(failing);
+        tools.replies.push_back({4, {}});
         ui.texts = {wxString("10.0.0.9")};
         ui.answers = {true};
         UpdateFirmware(ctx);
@@ -49,7 +50,7 @@ protected:
 TEST_F(FirmwareUpdate, MigratesTheGatewaysProjectAndGivesTheUsersBack)
 {
     const Project before = project;
-    Run({});
+    Run();
     const wxString p = dir.path + "/P/";
     EXPECT_EQ(tools.Commands(),
               Lines({"ttgetfile \"10.0.0.9\" TG7/tgxconfig.prj \"" + p + "tgxconfig.prj\"",
@@ -58,78 +59,51 @@ TEST_F(FirmwareUpdate, MigratesTheGatewaysProjectAndGivesTheUsersBack)
                      "ttputfile \"10.0.0.9\" \"mbEdit User Guide.pdf\" /var/www/html/downloads/mbEditUserGuide.pdf",
                      "ttputfile \"10.0.0.9\" index.html /var/www/html/index.html", tools.runs[6].command,
                      "ttrestore \"10.0.0.9\" config", "ttreboot \"10.0.0.9\" -s=60 -w -a=5"}));
-    EXPECT_TRUE(tools.runs[6].command.StartsWith("ttbuild"));
-    EXPECT_EQ(tools.runs[4].workingDirectory + tools.runs[5].workingDirectory, env.TgxDocumentPath + env.TgxFirmwarePath);
-    wxArrayString built;
-    ReadTextLines(env.TgxBuildPath + "/ADDITIONAL/MBMAP1.csv", built);
-    EXPECT_EQ(built, Lines({"gateway map"}));  // built from the gateway's project, not the user's
+    EXPECT_EQ(ReadBytes(env.TgxBuildPath + "/ADDITIONAL/MBMAP1.csv"), "gateway map\r\n");  // the gateway's, not the user's
     EXPECT_EQ(ui.questions.at(0).text, "Update TG7 firmware to version 6.3.0\nAre you sure you want to continue");
-    EXPECT_EQ(ui.progress, (std::vector<wxString>{
-                               "begin: Firmware Update | Migrating existing project",
-                               "pulse: Copying current project file and modbus map from TG7", "pulse: Uploading firmware ...",
-                               "pulse: Uploading documentation ...", "pulse: Uploading website ...",
-                               "pulse: Rebuilding configuration", "pulse: Uploading configuration",
-                               "pulse: Restarting the HART Gateway", "end"}));
+    EXPECT_EQ(wxJoin(wxArrayString(ui.progress.size(), ui.progress.data()), '|', '\0'),
+              "begin: Firmware Update | Migrating existing project|pulse: Copying current project file and modbus map from "
+              "TG7|pulse: Uploading firmware ...|pulse: Uploading documentation ...|pulse: Uploading website ...|pulse: "
+              "Rebuilding configuration|pulse: Uploading configuration|pulse: Restarting the HART Gateway|end");
     EXPECT_EQ(ui.events.back(), "message: Firmware update complete\n\nYou may wish to upload the software installation "
                                 "files\nto the TG7 (this is optional). You can do this from\nthe 'Upload Installation "
                                 "files' under the 'target' menu.");
     EXPECT_EQ(ProjectFileLines(project), ProjectFileLines(before));
-    EXPECT_EQ(project.devices[1].commands[49].args[7], 77);
-    EXPECT_EQ(project.modbusMapLines, before.modbusMapLines);
+    EXPECT_TRUE(project.devices[1].commands[49].args[7] == 77 && project.modbusMapLines == before.modbusMapLines);
     for (const char* gone : {"tgxconfig.prj", "MBMAP1.csv", "migrateTemp.prj", "migrateTemp.mbd"})
         EXPECT_FALSE(wxFileExists(p + gone)) << gone;
 }
 
 TEST_F(FirmwareUpdate, AFailureLeavesTheMigratedProjectOpenAndItsFiles)
 {
-    const struct {
-        size_t failingRun;  // the first two are the fetches
-        const char* message;
-    } cases[] = {
-        {2, "ERROR : Failed to upload firmware"},
-        {3, "ERROR : Failed to upload documentation"},  // the second manual is not tried
-        {4, "ERROR : Failed to upload documentation"},
-        {5, "ERROR : Failed to upload website"},
-        {6, "ERROR : Failed to build configuration files for TG7 - (ttbuild returned 4).\nCheck TARN software is "
-            "properly installed"},
-        {7, "ERROR : Failed to upload configuration files to TG7 - (ttrestore returned 4).\nCheck IP address, Power "
-            "and Network connection"},
-        {8, "ERROR : Failed to reboot TG7"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.message);
-        ui.messages.clear();
-        std::deque<ToolReply> replies(c.failingRun);
-        replies.push_back({4, {}});
-        Run(replies);
-        EXPECT_EQ(tools.runs.size(), c.failingRun + 1);
-        tools.runs.clear();
-        ASSERT_EQ(ui.messages.size(), 1u);
-        EXPECT_EQ(ui.messages[0].text, c.message);
-        EXPECT_EQ(ui.progress.back(), "end");
-        EXPECT_EQ(GetText(project.tagName), "GW5");
-        EXPECT_EQ(project.projectFilePath.GetFullPath(), dir.path + "/P/migrateTemp.prj");
-        EXPECT_TRUE(wxFileExists(dir.path + "/P/migrateTemp.mbd"));
-        GatewayFilesFetched();
+    // By the run that fails, the first two being the fetches; the second manual is not tried after the first failed.
+    const char* const messages[] = {
+        "Failed to upload firmware", "Failed to upload documentation", "Failed to upload documentation", "Failed to upload website",
+        "Failed to build configuration files for TG7 - (ttbuild returned 4).\nCheck TARN software is properly installed",
+        "Failed to upload configuration files to TG7 - (ttrestore returned 4).\nCheck IP address, Power and Network connection",
+        "Failed to reboot TG7"};
+    for (size_t failing = 2; failing < 9; ++failing) {
+        SCOPED_TRACE(failing);
+        Run(failing);
+        EXPECT_EQ(tools.runs.size(), failing + 1);
+        EXPECT_EQ(ui.messages.at(0).text, wxString("ERROR : ") + messages[failing - 2]);
+        EXPECT_TRUE(ui.messages.size() == 1 && ui.progress.back() == "end" && GetText(project.tagName) == "GW5");
+        EXPECT_TRUE(project.projectFilePath.SameAs(dir.path + "/P/migrateTemp.prj") && wxFileExists(dir.path + "/P/migrateTemp.mbd"));
     }
 }
 
-TEST(Reboot, DoneFollowsAFailedRestart)
+TEST(TargetMenu, RebootSaysDoneAfterAFailureAndUploadInstallersStopsAtTheFirst)
 {
-    TestContext t;
-    t.ui.texts = {wxString("10.0.0.9")};
-    t.tools.replies = {{1, {}}};
-    EXPECT_FALSE(RebootTarget(t.ctx));
-    EXPECT_EQ(t.tools.Commands(), Lines({"ttreboot \"10.0.0.9\" -s=60 -w -a=1"}));
-    EXPECT_EQ(wxJoin(wxArrayString(t.ui.events.size() - 1, &t.ui.events[1]), '|', '\0'),
+    TestContext reboot;
+    reboot.ui.texts = {wxString("10.0.0.9")};
+    reboot.tools.replies = {{1, {}}};
+    EXPECT_FALSE(RebootTarget(reboot.ctx));
+    EXPECT_EQ(reboot.tools.Commands(), Lines({"ttreboot \"10.0.0.9\" -s=60 -w -a=1"}));
+    EXPECT_EQ(wxJoin(wxArrayString(reboot.ui.events.size() - 1, &reboot.ui.events[1]), '|', '\0'),
               "begin: Reboot Target | Restarting the HART Gateway|pulse: Restarting the HART Gateway|"
               "message: ERROR : Failed to reboot TG7|pulse: Done|wait 1|progress end");
-}
 
-TEST(UploadInstallers, TheFirstFailureStops)
-{
-    const char* const results[] = {"Failed to upload TgxSoftwareSuite Installer",  // its file missing
-                                   "Failed to upload TgxSoftwareSuite Installer", "Failed to upload TgxConnect Installer"};
+    const char* const installers[] = {"TgxSoftwareSuite", "TgxSoftwareSuite", "TgxConnect"};  // the first: its file missing
     for (size_t failing = 0; failing < 3; ++failing) {
         TempDir dir;
         TestContext t;
@@ -143,6 +117,55 @@ TEST(UploadInstallers, TheFirstFailureStops)
         t.tools.replies.push_back({1, {}});
         EXPECT_FALSE(UploadInstallers(t.ctx));
         EXPECT_EQ(t.tools.runs.size(), failing);
-        EXPECT_EQ(t.ui.events.back(), wxString("message: ") + results[failing]);
+        EXPECT_EQ(t.ui.events.back(), wxString("message: Failed to upload ") + installers[failing] + " Installer");
     }
+}
+
+TEST(Options, OkTakesBackWhatItAcceptsAndAnEmptyAddressBecomesTheDefault)
+{
+    // Typed into every port row and the address; OK or Cancel; the first row's setting then (772 before): "80x"
+    // counts as the value the conversion leaves.
+    const struct { const char* typed; bool ok; int stored; const char* address; } cases[] = {
+        {"70000", true, 70000, "70000"}, {"-5", true, 772, "-5"}, {"abc", true, 772, "abc"}, {"80x", true, 80, "80x"},
+        {"99999999999", true, 2147483647, "99999999999"}, {"", true, 772, kDefaultTimeServer}, {"", false, 772, kDefaultTimeServer}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed);
+        TestContext t;
+        LoadDefaultProject(t.project);
+        t.project.projectSaved = 1;
+        t.ui.optionsAnswers = {[&](OptionsForm& form) {
+            std::fill(std::begin(form.ports), std::end(form.ports), form.timeServerAddress = c.typed);
+            form.useTimeServer = false;
+            SetText(t.project.timeServerAddress, "");  // so that Cancel too meets an empty address
+            return c.ok;
+        }};
+        EditOptions(t.ctx);
+        EXPECT_EQ(wxArrayString(6, t.ui.optionsForms.at(0).ports), Lines({"772", "502", "1100", "503", "50000", "5094"}));
+        EXPECT_TRUE(t.ui.optionsForms[0].timeServerAddress == kDefaultTimeServer && t.ui.optionsForms[0].useTimeServer);
+        EXPECT_TRUE(t.project.vcpPort == c.stored && t.project.hartIpTcpPort == (c.stored == 772 ? 5094 : c.stored));
+        EXPECT_EQ(GetText(t.project.timeServerAddress), c.address);
+        EXPECT_TRUE(t.project.timeServerEnable == (c.ok ? 0 : 1) && t.project.projectSaved == 1);
+    }
+}
+
+TEST(SmallCommands, WhatEachStarts)
+{
+    TestContext t;
+    t.env.TgxSoftwarePath = "C:\\TGx\\";
+    t.env.TgxDocumentPath = "C:\\TGx\\DOC";
+    t.ui.files = {std::nullopt, wxString("C:\\TGx\\DOC\\a.pdf")};
+    t.ui.texts = {std::nullopt, wxString("10.0.0.9:2200")};
+    for (int twice = 0; twice < 2; ++twice) {  // cancelled first: nothing opens or starts
+        OpenDocumentation(t.ctx);
+        ViewLiveData(t.ctx);
+    }
+    CheckForUpdates(t.ctx);
+    ChangeNetworkSettings(t.ctx);
+    EXPECT_EQ(t.platform.openedDocuments, Lines({"C:\\TGx\\DOC\\a.pdf"}));
+    const FileChoiceForm& form = t.ui.fileForms.at(0);
+    EXPECT_TRUE(form.title == "Select a document" && form.folder == "C:\\TGx\\DOC" && form.wildcard == "*.pdf");
+    EXPECT_TRUE(!form.save && form.mustExist && form.fileName.empty());
+    EXPECT_EQ(t.tools.Commands(), Lines({"tgxview \"-a=10.0.0.9\"", "powershell \".\\updater.exe\"", "tgxfinder"}));
+    EXPECT_TRUE(t.tools.runs[0].mode == RunMode::Detached && t.tools.runs[2].mode == RunMode::Detached);
+    EXPECT_EQ(t.tools.runs[1].workingDirectory, "C:\\TGx\\");
 }
