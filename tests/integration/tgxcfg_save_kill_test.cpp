@@ -30,35 +30,30 @@ wxString Bytes(const wxString& path)
 }
 
 // The largest project there is: sixteen devices of fifty commands each, a map of 65,536 lines.
-void WriteMaximalProject(const wxString& path, const char* tag)
+void WriteMaximalProject(const wxString& folder, const wxString& tag)
 {
-    wxArrayString lines = Lines({"TGX VERSION:6.2.2", "", "MODE:GATEWAY", "AUTOMATIC MODBUS MAP:0", "DEVICE COUNT:16"});
-    lines.Add(wxString("TGX TAGNAME:") + tag);
+    wxArrayString lines = Lines({"MODE:GATEWAY", "AUTOMATIC MODBUS MAP:0", "DEVICE COUNT:16"}), map;
+    lines.Add("TGX TAGNAME:" + tag);
     for (int d = 0; d < 16; ++d) {
-        for (const wxString& line : {wxString::Format("FOR DEVICE:%d", d), wxString("TYPE:Generic"),
-                 wxString::Format("DEVICE NAME:%s device %d", tag, d), wxString::Format("POLL ADDRESS:%d", d)})
-            lines.Add(line);
-        for (int c = 0; c < 50; ++c) {
-            lines.Add(wxString::Format("HARTCMD:%d %d 1 0", c, c + 1));
-            lines.Add("CMDARGS:1 2 3 4 5 6 7 8");
-        }
+        lines.Add(wxString::Format("FOR DEVICE:%d\nTYPE:Generic\nDEVICE NAME:%s %d\nPOLL ADDRESS:%d", d, tag, d, d));
+        for (int c = 0; c < 50; ++c)
+            lines.Add(wxString::Format("HARTCMD:%d %d 1 0\nCMDARGS:1 2 3 4 5 6 7 8", c, c + 1));
     }
-    WriteTextLines(path, lines);
-    wxArrayString map;
     for (int r = 0; r < 65536; ++r)
         map.Add(wxString::Format("HOLDING,%d,ABCD,FLOAT,%s%d,Register %d,2", 40001 + r, tag, r, r));
-    WriteTextLines(wxFileName(path).GetPathWithSep() + wxFileName(path).GetName() + ".mbd", map);
+    WriteTextLines(folder + "/" + tag + ".prj", wxSplit(wxJoin(lines, '\n'), '\n', '\0'));
+    WriteTextLines(folder + "/" + tag + ".mbd", map);
 }
 
-// Starts tgxcfg resave FROM TO; its process id.
-pid_t StartResave(const wxString& installation, const wxString& from, const wxString& to)
+// Starts tgxcfg resave FROM TO; its process id, or -1.
+pid_t StartResave(const wxString& from, const wxString& to)
 {
-    const std::string program = TGX_CLI_BINARY, software = "--software-path=" + installation.ToStdString();
+    const std::string software = "--software-path=" TGX_SOURCE_DIR "/simulator/installation";
     const std::string source = from.ToStdString(), target = to.ToStdString();
-    char* const argv[] = {const_cast<char*>(program.c_str()), const_cast<char*>(software.c_str()),
+    char* const argv[] = {const_cast<char*>(TGX_CLI_BINARY), const_cast<char*>(software.c_str()),
         const_cast<char*>("resave"), const_cast<char*>(source.c_str()), const_cast<char*>(target.c_str()), nullptr};
-    pid_t pid = 0;
-    return posix_spawn(&pid, program.c_str(), nullptr, nullptr, argv, environ) == 0 ? pid : -1;
+    pid_t pid = -1;
+    return posix_spawn(&pid, TGX_CLI_BINARY, nullptr, nullptr, argv, environ) == 0 ? pid : -1;
 }
 
 }  // namespace
@@ -66,13 +61,12 @@ pid_t StartResave(const wxString& installation, const wxString& from, const wxSt
 TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
 {
     TempDir dir;
-    const wxString installation = wxString(TGX_SOURCE_DIR) + "/simulator/installation";
-    WriteMaximalProject(dir.path + "/old.prj", "OLD");
-    WriteMaximalProject(dir.path + "/new.prj", "NEW");
+    WriteMaximalProject(dir.path, "old");
+    WriteMaximalProject(dir.path, "new");
     // The old files as a save writes them, and the new ones; the time a whole save takes.
     const auto started = std::chrono::steady_clock::now();
     for (const char* name : {"old", "new"}) {
-        const pid_t pid = StartResave(installation, dir.path + "/" + name + ".prj", dir.path + "/" + name + "-saved.prj");
+        const pid_t pid = StartResave(dir.path + "/" + name + ".prj", dir.path + "/" + name + "-saved.prj");
         int status = -1;
         ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
     }
@@ -94,7 +88,7 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
         SCOPED_TRACE(round);
         wxCopyFile(dir.path + "/old-saved.prj", dir.path + "/target.prj");
         wxCopyFile(dir.path + "/old-saved.mbd", dir.path + "/target.mbd");
-        const pid_t pid = StartResave(installation, dir.path + "/new.prj", dir.path + "/target.prj");
+        const pid_t pid = StartResave(dir.path + "/new.prj", dir.path + "/target.prj");
         ASSERT_GT(pid, 0);
         std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
         kill(pid, SIGKILL);
