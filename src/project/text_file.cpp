@@ -53,7 +53,7 @@ bool ReadTextLines(const wxString& path, wxArrayString& lines)
 {
     lines.Clear();
     wxLogNull quiet;  // callers decide what an unreadable file means
-    if (!wxFileExists(path))
+    if (!wxFileExists(path) || wxFileName::GetSize(path) > kMaxTextFileBytes)
         return false;
     wxTextFile file;
     if (!file.Open(path))

@@ -4,8 +4,15 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
+// The largest text file the tool reads: four times the largest map file (65,536 lines), far more
+// than any project, map or device type file holds. A larger file is refused as unreadable, so
+// that a damaged or wrong file cannot take the memory of the machine (reading takes about
+// eighteen times the file's size).
+constexpr unsigned long long kMaxTextFileBytes = 16ull << 20;
+
 // Clears `lines` and adds every line of the file, the encoding detected and CR LF or LF line
-// ends accepted. False when the file does not exist or cannot be opened (lines then empty).
+// ends accepted. False when the file does not exist, cannot be opened or is larger than
+// kMaxTextFileBytes (lines then empty).
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 
 // Writes the lines, each ended with CR LF on every platform, so that files made on Linux are

@@ -142,19 +142,20 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
     struct Case {
         const char* name;
         std::string bytes;
-        int lines;  // -1: refused as unreadable
+        int lines;  // -1: refused as unreadable; -2: either
     };
     const std::string longLine(1 << 20, 'x');
     const Case cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
         {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", longLine, 1},
-        {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2}};  // either refused or read, never harm
+        {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2},  // either refused or read, never harm
+        {"larger than any file the tool reads", std::string(kMaxTextFileBytes + 1, '\n'), -1}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const wxString path = dir.path + "/odd.txt";
         wxFile(path, wxFile::write).Write(c.bytes.data(), c.bytes.size());
         wxArrayString lines;
         const bool read = ReadTextLines(path, lines);
-        EXPECT_TRUE(c.lines < 0 || (read && static_cast<int>(lines.size()) == c.lines));
+        EXPECT_TRUE(c.lines == -2 || (c.lines == -1 ? !read : read && static_cast<int>(lines.size()) == c.lines));
         TestContext t;
         EXPECT_EQ(ApplyProjectFile(t.ctx, lines), !lines.empty());
     }
