@@ -16,9 +16,9 @@ namespace {
 // A click on a control as the user's: a box or radio button takes the value, then the event comes.
 void Click(wxControl* control, wxEventType type, bool value = true)
 {
-    if (wxCheckBox* box = wxDynamicCast(control, wxCheckBox))
+    if (wxCheckBox* box = dynamic_cast<wxCheckBox*>(control))
         box->SetValue(value);
-    if (wxRadioButton* radio = wxDynamicCast(control, wxRadioButton))
+    if (wxRadioButton* radio = dynamic_cast<wxRadioButton*>(control))
         radio->SetValue(value);
     wxCommandEvent event(type, control->GetId());
     event.SetEventObject(control);
