@@ -31,7 +31,7 @@ test-share:
 	@bash scripts/test-share.sh
 
 bench: build
-	@$(BUILD)/bench/core_bench
+	@bash scripts/bench.sh $(BUILD)
 
 clean:
 	rm -rf $(BUILD) $(BUILD_ASAN)
