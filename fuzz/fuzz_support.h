@@ -9,6 +9,8 @@
 #include <wx/tokenzr.h>
 
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,6 +18,14 @@
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     static wxInitializer initializer;
+    // A failed wx check (an index out of range, ...) is a finding: stop there, with its place.
+    wxSetAssertHandler([](const wxString& file, int line, const wxString& func, const wxString& cond,
+                          const wxString& msg) {
+        std::fprintf(stderr, "wx assertion failed: %s:%d %s: %s %s\n", static_cast<const char*>(file.utf8_str()),
+                     line, static_cast<const char*>(func.utf8_str()), static_cast<const char*>(cond.utf8_str()),
+                     static_cast<const char*>(msg.utf8_str()));
+        std::abort();
+    });
     wxLog::EnableLogging(false);
     return 0;
 }

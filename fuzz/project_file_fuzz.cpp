@@ -1,9 +1,12 @@
 // A project file and the map file beside it (the input cut at its first NUL byte), loaded as
-// Load from Disk loads them, then checked, and turned into
-// the project file's and the configuration's lines.
+// Load from Disk loads them, then checked, shown in the
+// main window, and turned into the project file's and the configuration's lines.
 #include "fakes/test_context.h"
 #include "fuzz_support.h"
 #include "deploy/config_generator.h"
+#include "project/command_list.h"
+#include "project/device_list.h"
+#include "project/panel_view.h"
 #include "project/project_check.h"
 #include "project/project_commands.h"
 #include "project/project_file.h"
@@ -28,6 +31,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     wxArrayString fileLines;
     ReadTextLines(path, fileLines);
     CheckProject(t.project, t.deviceTypes, fileLines);
+    DeviceListLines(t.project);
+    CommandListLines(t.project);
+    BuildPanelView(t.project);
     ProjectFileLines(t.project);
     BuildCtIniLines(t.project, t.deviceTypes);
     BuildDbSaveLines(t.project);
