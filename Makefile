@@ -33,6 +33,17 @@ test-share:
 bench: build
 	@bash scripts/bench.sh $(BUILD)
 
+# The fuzz harnesses of fuzz/ (clang, libFuzzer, ASan, UBSan; build-fuzz/), each run for
+# FUZZ_SECONDS; fuzz-ci runs each briefly, for a CI job.
+BUILD_FUZZ   ?= build-fuzz
+FUZZ_SECONDS ?= 60
+.PHONY: fuzz fuzz-ci
+fuzz:
+	@bash scripts/fuzz.sh $(FUZZ_SECONDS) $(BUILD_FUZZ)
+
+fuzz-ci:
+	@bash scripts/fuzz.sh 10 $(BUILD_FUZZ)
+
 clean:
 	rm -rf $(BUILD) $(BUILD_ASAN)
 

@@ -3,6 +3,7 @@
 #include "app/app_context.h"
 #include "mux/mux_scan.h"
 #include "mux/mux_scan_window.h"
+#include "project/unicode_text.h"
 #include "remote/remote_com_port.h"
 
 #include <cstdio>
@@ -36,8 +37,9 @@ int RebuildLoopMask(const MuxRebuildForm& form)
 bool RebuildComplete(const wxString& statusLine)
 {
     unsigned int status[5] = {};
-    const wxScopedCharBuffer text = statusLine.utf8_str();
-    if (std::sscanf(text.data(), "Additional device status : %x %x %x %x %x", &status[0], &status[1], &status[2],
+    // A status line with damaged bytes must not stop the tool when it is encoded for the scan.
+    const std::string text = Utf8Bytes(statusLine);
+    if (std::sscanf(text.c_str(), "Additional device status : %x %x %x %x %x", &status[0], &status[1], &status[2],
                     &status[3], &status[4]) != 5)
         return false;
     return (status[0] & 0x40) == 0;  // 0x40: the rebuild is still running

@@ -1,5 +1,7 @@
 #include "project/number_text.h"
 
+#include "project/unicode_text.h"
+
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -15,8 +17,9 @@ bool ParseWholeInt(const wxString& text, int& value)
 
 bool ParseTypedNumber(const wxString& text, long& value)
 {
-    const wxScopedCharBuffer utf8 = text.utf8_str();
-    const char* start = utf8.data();
+    // Typed or pasted text with characters that have no UTF-8 form is read up to them.
+    const std::string utf8 = Utf8Bytes(text);
+    const char* start = utf8.c_str();
     char* end = nullptr;
     errno = 0;
     const long parsed = std::strtol(start, &end, 10);

@@ -1,5 +1,7 @@
 #include "project/project.h"
 
+#include "project/unicode_text.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -89,7 +91,8 @@ void SetText(char* field, std::size_t size, const wxString& text)
 {
     if (size == 0)
         return;
-    const wxScopedCharBuffer utf8 = text.utf8_str();
+    // A value from a damaged file may hold characters without a UTF-8 form: they are replaced.
+    const std::string utf8 = Utf8Bytes(text);
     std::size_t length = std::min(utf8.length(), size - 1);
     // Step back over continuation bytes so that a cut never splits a character.
     if (length < utf8.length())

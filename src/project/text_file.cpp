@@ -1,5 +1,7 @@
 #include "project/text_file.h"
 
+#include "project/unicode_text.h"
+
 #include <wx/file.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
@@ -60,7 +62,7 @@ bool ReadTextLines(const wxString& path, wxArrayString& lines)
         return false;
     lines.Alloc(file.GetLineCount());
     for (size_t i = 0; i < file.GetLineCount(); ++i)
-        lines.Add(file[i]);
+        lines.Add(EncodableText(file[i]));  // damaged bytes must not stop a later save
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "remote/remote_com_port.h"
 
 #include "app/app_context.h"
+#include "project/unicode_text.h"
 
 #include <wx/log.h>
 
@@ -23,8 +24,9 @@ bool ParseVirtualPortReport(const wxString& line, VirtualPortReport& report)
     // may hold blanks, leading blanks are skipped).
     char name[256], address[256], state[256];
     int port = 0;
-    const wxScopedCharBuffer text = line.utf8_str();
-    if (std::sscanf(text.data(), "%255s %255[^:]:%d %255s", name, address, &port, state) != 4)
+    // A report with damaged bytes must not stop the tool when it is encoded for the scan.
+    const std::string text = Utf8Bytes(line);
+    if (std::sscanf(text.c_str(), "%255s %255[^:]:%d %255s", name, address, &port, state) != 4)
         return false;
     report.comName = wxString::FromUTF8(name);
     report.address = wxString::FromUTF8(address);
