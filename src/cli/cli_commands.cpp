@@ -241,6 +241,15 @@ int ImportMap(Session& s, const CliRequest& request, std::ostream& err)
     return FinishMapCommand(s, ImportMapFromDevice(s.ctx), err);
 }
 
+// As the desktop tool starts: the default project, none open; the address prompt answered.
+void StartWithoutProject(Session& s, const wxString& target)
+{
+    LoadDefaultProject(s.project);
+    s.project.projectSaved = 1;
+    s.project.projectOpen = 0;
+    s.ui.AnswerEntry(kTargetAddressPrompt, target);
+}
+
 // The second side of a diff: another project file, or what the gateway runs, fetched as Load From
 // TG7 fetches it (its progress kept off the report) and not saved.
 bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& second, std::ostream& err)
@@ -256,10 +265,7 @@ bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& se
         if (!LoadProject(*other, path, request.arguments[1], err))
             return false;
     } else {
-        LoadDefaultProject(other->project);
-        other->project.projectSaved = 1;
-        other->project.projectOpen = 0;
-        other->ui.AnswerEntry(kTargetAddressPrompt, request.target);
+        StartWithoutProject(*other, request.target);
         LoadProjectFromDevice(other->ctx);
         const bool fetched = other->project.projectOpen == 1;
         other->ui.Finish(!fetched, err);
@@ -288,10 +294,7 @@ int Diff(Session& s, const CliRequest& request, const wxString& secondPath, std:
 // none open, the address answered from --target.
 int RunGatewayCommand(Session& s, const CliRequest& request, std::ostream& err)
 {
-    LoadDefaultProject(s.project);
-    s.project.projectSaved = 1;
-    s.project.projectOpen = 0;
-    s.ui.AnswerEntry(kTargetAddressPrompt, request.target);
+    StartWithoutProject(s, request.target);
     bool done = false;
     switch (request.command) {
     case CliCommand::Fetch: {

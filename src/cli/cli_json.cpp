@@ -19,11 +19,8 @@ std::string Document(const Json& json) { return json.dump(2) + "\n"; }
 std::string ProjectJson(const Project& project)
 {
     Json settings = Json::object();
-    // The settings as the project file holds them: after its version line, up to the devices.
-    const wxArrayString lines = ProjectFileLines(project);
-    for (size_t i = 1; i < lines.size() && !lines[i].StartsWith("DEVICE COUNT:"); ++i)
-        if (!lines[i].empty())
-            settings[Utf8(lines[i].BeforeFirst(':'))] = Utf8(lines[i].AfterFirst(':'));
+    for (const wxString& line : ProjectSettingLines(project))
+        settings[Utf8(line.BeforeFirst(':'))] = Utf8(line.AfterFirst(':'));
     Json devices = Json::array();
     for (int d = 0; d < std::min(project.deviceCount, MAX_DEVICES); ++d) {
         const ProjectDevice& device = project.devices[d];

@@ -90,12 +90,9 @@ void DiffItems(ProjectDifference::Kind kind, const wxString& prefix, const std::
 
 std::vector<Item> SettingItems(const Project& project)
 {
-    // The settings as the project file holds them: after its version line, up to the devices.
     std::vector<Item> items;
-    const wxArrayString lines = ProjectFileLines(project);
-    for (size_t i = 1; i < lines.size() && !lines[i].StartsWith("DEVICE COUNT:"); ++i)
-        if (!lines[i].empty())
-            items.push_back({lines[i].BeforeFirst(':'), {{wxString(), lines[i].AfterFirst(':')}}});
+    for (const wxString& line : ProjectSettingLines(project))
+        items.push_back({line.BeforeFirst(':'), {{wxString(), line.AfterFirst(':')}}});
     return items;
 }
 

@@ -318,3 +318,13 @@ wxArrayString ProjectValueTokens(const wxString& value)
 {
     return Tokens(value);
 }
+
+wxArrayString ProjectSettingLines(const Project& project)
+{
+    wxArrayString settings;
+    const wxArrayString lines = ProjectFileLines(project);
+    for (size_t i = 1; i < lines.size() && !lines[i].StartsWith("DEVICE COUNT:"); ++i)
+        if (!lines[i].empty())
+            settings.Add(lines[i]);
+    return settings;
+}

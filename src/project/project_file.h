@@ -14,6 +14,10 @@ extern const char* const kToolVersion;
 // The project's lines in the order the writer emits them.
 wxArrayString ProjectFileLines(const Project& project);
 
+// The settings' lines ("KEY:VALUE") as the file holds them: after its version line, up to the
+// devices (DEVICE COUNT excluded).
+wxArrayString ProjectSettingLines(const Project& project);
+
 // Writes the project file at `path`, then (in automatic map mode) regenerates the map, then
 // writes the map file beside it; marks the project saved, written or not. The desktop tool
 // reports no failure to write; tgxcfg does, from the result: false when either file could not
