@@ -1,6 +1,6 @@
 // Load From TG7 end to end: the real tool runner and the gateway simulator on PATH, the gateway
-// holding the boiler-house example. Configure runs end to end in tgxcfg_test.cpp; the exact
-// messages of every failing step (a failed fetch here) are unit-tested against the scripted runner.
+// holding the boiler-house example. Configure runs end to end in tgxcfg_test.cpp; every failing
+// step of every workflow is a row of the fault matrix (tgxcfg_fault_matrix_test.cpp).
 #include "app/app_context.h"
 #include "fakes/scripted_user_interface.h"
 #include "project/load_from_device.h"

@@ -1,69 +1,14 @@
 // tgxcfg as a script runs it: the built program, a copy of the sample installation named by a
 // registry file, the example projects, and the gateway simulator first on PATH. The workflows'
-// own messages and files are unit-tested; here what the console adds: arguments, streams, status.
-#include "project/text_file.h"
-#include "unit/temp_dir.h"
-#include "wx_test_support.h"
+// own messages and files are unit-tested, their failures in the fault matrix; here what the
+// console adds: arguments, streams, status.
+#include "tgxcfg_fixture.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <wx/utils.h>
-
-#include <vector>
 
 namespace {
 
-struct CliRun {
-    long status = -1;
-    wxArrayString out, err;
-};
-
-class Tgxcfg : public ::testing::Test {
-protected:
-    Tgxcfg()
-    {
-        CopyTree(wxString(TGX_SOURCE_DIR) + "/simulator/installation", dir.path + "/installation");
-        CopyTree(wxString(TGX_SOURCE_DIR) + "/docs/examples", dir.path);
-        registry = dir.Write("registry.ini", "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\nPath="
-                                                 + dir.path + "/installation/\nVersion=6.2.2\nFirmwareVersion=6.2.2\n"
-                                                              "TemplatesVersion=3.1.0\n");
-    }
-
-    // Runs the program in the scratch folder, with standard output and error kept apart.
-    CliRun Run(const std::vector<wxString>& args) const
-    {
-        wxExecuteEnv env;
-        wxGetEnvMap(&env.env);
-        env.env["TGX_REGISTRY"] = registry;
-        env.env["TGX_DOCUMENTS"] = dir.path + "/Documents";
-        env.env["TGXSIM_HOME"] = dir.path + "/gateway";
-        env.env.erase("TT_SSH_PORT");
-        env.env["PATH"] = wxString(TGX_SIMULATOR_BIN) + wxPATH_SEP + env.env["PATH"];
-        env.cwd = dir.path;
-        wxString command = "\"" TGX_CLI_BINARY "\"";
-        for (const wxString& arg : args)
-            command << " \"" << arg << "\"";
-        CliRun run;
-        run.status = wxExecute(command, run.out, run.err, wxEXEC_SYNC | wxEXEC_NODISABLE, &env);
-        return run;
-    }
-
-    void Write(const wxString& name, const wxArrayString& lines) const { WriteTextLines(dir.path + "/" + name, lines); }
-
-    wxArrayString Read(const wxString& relative) const
-    {
-        wxArrayString lines;
-        ReadTextLines(dir.path + "/" + relative, lines);
-        return lines;
-    }
-
-    // Each test's own installation. Under Windows the registry (not the registry file) names the
-    // installation, one for all tests, whose build folder parallel tests would share.
-    wxString OwnInstallation() const { return "--software-path=" + dir.path + "/installation"; }
-
-    TempDir dir;
-    wxString registry;
-};
+class Tgxcfg : public TgxcfgScratch {};
 
 }  // namespace
 
@@ -182,13 +127,6 @@ TEST_F(Tgxcfg, GenerateWritesTheExpectedConfigurationAndBuildsIt)
     EXPECT_TRUE(wxFileExists(build + "/INCLUDE/ct.ini"));
     EXPECT_FALSE(wxFileExists(dir.path + "/gateway/run.log"));
 
-    // Built by ttbuild, whose failure ends the command.
-    dir.Write("gateway/faults.txt", "ttbuild exit=3 \"output=ttbuild: no good\"\r\n");
-    run = Run({OwnInstallation(), "generate", "boiler_house.prj"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, Lines({"Failed to build configuration files for TG7 - (ttbuild returned 3).",
-                           "Check TARN software is properly installed"}));
-
     wxFileName::Rmdir(build + "/INCLUDE", wxPATH_RMDIR_RECURSIVE);
     run = Run({OwnInstallation(), "generate", "boiler_house.prj", "--no-build"});
     EXPECT_EQ(run.status, 1);
@@ -302,15 +240,6 @@ TEST_F(Tgxcfg, ConfigureRunsTheSimulatedGatewayWithTheConsoleAnswering)
     EXPECT_EQ(Read("gateway/TG7/MBMAP1.csv"), Read("boiler_house.mbd"));
     ASSERT_EQ(Read("gateway/boot.log").size(), 1u);
     EXPECT_TRUE(Read("gateway/boot.log")[0].EndsWith("\thost=127.0.0.1\tTT_SSH_PORT=2222\toptions=-s=60 -w -a=1"));
-
-    // A failing step: its message on standard error, status 1, the progress up to that step.
-    dir.Write("gateway/faults.txt", "ttrestore exit=3\r\n");
-    run = Run({OwnInstallation(), "configure", "boiler_house.prj", "--target=127.0.0.1"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, Lines({"Failed to upload configuration files to TG7 - (ttrestore returned 3).",
-                           "Check IP address, Power and Network connection"}));
-    ASSERT_FALSE(run.out.empty());
-    EXPECT_EQ(run.out.Last(), "Uploading Configuration");
 }
 
 TEST_F(Tgxcfg, ConfigureQuestionsAreAnsweredYesOnlyWhenAsked)

@@ -91,45 +91,6 @@ TEST_F(Configure, ASuccessfulRunInOrder)
     EXPECT_EQ(ui.events.back(), "message: Configuration Complete");
 }
 
-TEST_F(Configure, EachFailureIsOneMessageAndNothingAfterItRuns)
-{
-    const char* const incompatible =
-        "The firmware installed on the TG7 is not compatible with this version of TGx Software Suite. Before you can "
-        "configure your device you must update the firmware using the 'Update Firmware' option under the 'Target' menu";
-    struct Case {
-        std::deque<ToolReply> replies;
-        const char* message;
-        size_t runs;
-    };
-    const Case cases[] = {
-        {{{-1, {}}}, "ttdevtyp Could not connect to TG7, check IP address and network connection", 1},
-        {{{0, Lines({"TG7-Plus", "Firmware: TG7main-v6.2.2"})}}, "Could not determine TG7 type, unable to proceed", 1},
-        {{Report("Firmware: TG7main-v-x")}, "Could not determine TG7 Firmware version (ttdevtype format error), unable to proceed", 1},
-        {{Report("TG7main-v6.2.2", "tmpl-v")}, "Could not determine TG7 Templates (ttdevtype format error), unable to proceed", 1},
-        {{Report("TG7main-v6.2.3")}, incompatible, 1},
-        {{Report("TG7main-V6.2.2")}, incompatible, 1},  // compared exactly, case included
-        {{Report("TG7main-v6.2.2"), {2, {}}},
-         "Failed to build configuration files for TG7 - (ttbuild returned 2).\nCheck TARN software is properly installed", 2},
-        {{Report("TG7main-v6.2.2"), {0, {}}, {3, {}}},
-         "Failed to upload configuration files to TG7 - (ttrestore returned 3).\nCheck IP address, Power and Network connection", 3},
-        {{Report("TG7main-v6.2.2"), {0, {}}, {0, {}}, {1, {}}}, "ERROR : Failed to reboot TG7", 4},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.message);
-        tools.runs.clear();
-        tools.replies = c.replies;
-        tools.fallback = {0, Lines({"not scripted"})};
-        ui.messages.clear();
-        ui.progress.clear();
-        ui.texts = {wxString("10.0.0.9"), wxString("TAG")};
-        ConfigureDevice(ctx);
-        EXPECT_EQ(tools.runs.size(), c.runs);
-        ASSERT_EQ(ui.messages.size(), 1u);
-        EXPECT_EQ(ui.messages[0].text, c.message);
-        EXPECT_EQ(ui.progress.back(), "end");  // the dialog is gone before the message
-    }
-}
-
 TEST_F(Configure, StopsBeforeTheGatewayWhenAskedTo)
 {
     // Never saved: stops at once, even with a map.

@@ -138,8 +138,6 @@ TEST_F(MapWorkflow, EditRunsTheChainAndCleansUpAfterEachFailure)
     // folder that does not exist: no map file); "": the edited map is taken back, the editor's exit code not examined.
     const struct { std::deque<ToolReply> replies; const char *appIni, *prj, *message; } cases[] = {
         {{{0, {}}}, "other.ini", "plant.prj", "Unable to locate or open file app.ini"},
-        {{{0, {}}, {-1, {}}}, "app.ini", "plant.prj", "Unable to generate _temp.dat file from _temp.ini -1"},
-        {{{0, {}}, {0, {}}, {1, {}}}, "app.ini", "plant.prj", "Unable to generate _temp.json file from _temp.dat"},
         {{{0, {}}, {0, {}}, {0, {}}}, "app.ini", "missing/plant.prj", "Unable to copy project modbus file to _temp.mbd"},
         {{{0, {}}, {0, {}}, {0, {}}, {1, {}}}, "app.ini", "plant.prj", ""},
     };

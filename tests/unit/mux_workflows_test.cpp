@@ -77,31 +77,14 @@ TEST_F(ScanCommand, AnsweredOnTheThirdTry)
     EXPECT_EQ(RowTexts(ui.scanWindow.rows), Lines({"Multiplexer|-|-|0000000000"}));
 }
 
-TEST_F(ScanCommand, EachFailureIsOneMessage)
+TEST_F(ScanCommand, StopsWhenThePcHasNoFreeComName)
 {
-    const struct {
-        const char* name;
-        std::vector<ToolReply> replies;
-        wxArrayString freeNames;
-        const char* message;
-        const char* lastCommand;
-    } cases[] = {
-        {"no TGxConnect", {{-1, {}}}, Lines({"COM3"}), "Multiplexor scanning TGxConnect software to be installed", "ttvsp -g"},
-        {"no gateway", {ok, {-1, {}}}, Lines({"COM3"}), "Could not connect to TG7, check IP address and network connection", "ttdevtype \"10.0.0.7\""},
-        {"no free name", {ok, Report(), ok, ok, ok}, {}, "Unable to create virtual com port because there are no free COM port names on this PC", "ttreboot \"10.0.0.7\" -s=60 -w -a=1"},
-        {"port refused", {ok, Report(), ok, ok, ok, refused}, Lines({"COM3"}), "Unable to create virtual com port.", "ttvsp COM3 10.0.0.7 -p=1772"},
-        {"no multiplexer", {ok, Report(), ok, ok, ok, ok, refused, refused, refused, ok}, Lines({"COM3"}), "Unable to communicate with multiplexer\nYou must configure the TG7 manually", "ttvsp COM3 -d"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        ui = ScriptedUserInterface();
-        tools.runs.clear();
-        Scan(c.replies, c.freeNames);
-        EXPECT_EQ(tools.Commands().Last(), c.lastCommand);
-        ASSERT_EQ(ui.messages.size(), 1u);
-        EXPECT_EQ(ui.messages[0].text, c.message);
-        EXPECT_EQ(ui.scanWindowOpened, 0);
-    }
+    // Every tool's failure is the fault matrix's; a PC without a free name is not the simulator's to make.
+    Scan({ok, Report(), ok, ok, ok}, {});
+    EXPECT_EQ(tools.Commands().Last(), "ttreboot \"10.0.0.7\" -s=60 -w -a=1");
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "Unable to create virtual com port because there are no free COM port names on this PC");
+    EXPECT_EQ(ui.scanWindowOpened, 0);
 }
 
 TEST(MuxDevices, AddAllAndAddSelected)

@@ -18,12 +18,8 @@ TEST(RemoteComPort, CommandLinesAndMessages)
         wxArrayString commands;
         const char* message;  // nullptr: none
     } cases[] = {
-        {"no TGxConnect", {{-1, {}}}, usual, {}, Lines({"ttvsp -g"}), "Remote Coms Port functionality requires TGxConnect software to be installed"},
-        {"unreadable report", {{0, Lines({"COM7 10.0.0.5:772"})}}, usual, {}, Lines({"ttvsp -g"}), "Unable to determine name of current VSP port"},
         {"no port, no free name", {ok}, {}, {}, Lines({"ttvsp -g"}), "Unable to create virtual com port because there are no free COM port names on this PC"},
-        {"first port refused", {ok, {2, {}}}, usual, {}, Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\""}), "Unable to create virtual com port."},
         {"first port created, OK unchanged", {ok, ok, ok}, usual, RemoteForm{{}, "COM3", "192.168.1.250", "1772"}, Lines({"ttvsp -g", "ttvsp \"COM3\" \"192.168.1.250\" \"-p=1772\"", "ttvsp COM3 192.168.1.250 -p=1772"}), nullptr},
-        {"renamed, re-creation refused", {report, ok, {1, {}}}, usual, RemoteForm{{}, "COM4", "10.0.0.9", "9 00"}, Lines({"ttvsp -g", "ttvsp -d", "ttvsp COM4 10.0.0.9 -p=9 00"}), "Unable to create virtual com port. Please ensure you have the latest version of TARN tools installed"},
         {"cancelled", {report}, usual, {}, Lines({"ttvsp -g"}), nullptr},
     };
     for (const auto& c : cases) {
