@@ -1,16 +1,14 @@
-// The gateway simulator where no workflow test reaches it: strict command lines, and the fault
-// rules as the workflow tests inject them. What each tool does for a workflow (the template
+// The gateway simulator where no workflow test reaches it: strict command lines. The fault rules
+// are proven by the fault matrix that injects them. What each tool does for a workflow (the template
 // expansion of ttbuild included), and the admin commands (set, reset), are proven by the workflow
 // tests that use them. Each tool is started by name from PATH, a process of its own, all sharing
 // one scratch state folder.
-#include "project/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 #include <wx/utils.h>
 
-#include <vector>
 
 namespace {
 
@@ -58,32 +56,6 @@ TEST_F(Simulator, WrongCommandLinesAreRefusedWithTheUsage)
         EXPECT_TRUE(result.out.empty() && result.err.size() == 2u && result.err[0].StartsWith(tool + ": ") &&
                     result.err[1].StartsWith("usage: " + tool + " ")) << command << "\n" << wxJoin(result.err, '\n');
     }
-}
-
-TEST_F(Simulator, FaultRulesFailMatchingRunsAndCountAcrossRuns)
-{
-    dir.Write("f.txt", "x\r\n");
-    const struct {
-        const char* name;
-        std::vector<const char*> rules;                  // arguments of "tgxsim fault add"
-        std::vector<std::pair<const char*, long>> runs;  // command, expected exit code, in order
-    } cases[] = {
-        {"substring of the arguments", {"ttputfile match=downloads/ exit=4"}, {{"ttputfile h f.txt /var/www/html/downloads/f.txt", 4}, {"ttputfile h f.txt /var/www/html/f.txt", 0}}},
-        {"the first rule that is not spent", {"ttreboot exit=5 fails=1", "ttreboot exit=6"}, {{"ttreboot h", 5}, {"ttreboot h", 0}, {"ttreboot h", 6}}},
-        {"twice, then success for good", {"ttreboot exit=1 fails=2"}, {{"ttreboot h", 1}, {"ttreboot h", 1}, {"ttreboot h", 0}, {"ttreboot h", 0}}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        ASSERT_EQ(Run("tgxsim reset").code, 0);
-        for (const char* rule : c.rules)
-            ASSERT_EQ(Run(wxString("tgxsim fault add ") + rule).code, 0) << rule;
-        for (const auto& [command, code] : c.runs)
-            EXPECT_EQ(Run(command).code, code) << command;
-    }
-    // A failed restart never reaches the gateway: the last case restarted it twice.
-    wxArrayString boots;
-    ASSERT_TRUE(ReadTextLines(dir.path + "/gateway/boot.log", boots));
-    EXPECT_EQ(boots.size(), 2u);
 }
 
 }  // namespace

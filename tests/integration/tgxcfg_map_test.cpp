@@ -44,7 +44,7 @@ TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
     EXPECT_EQ(Read("gateway/TG7/tgxconfig.prj"), configured);  // rebuilt from its own project
     EXPECT_TRUE(Read("gateway/boot.log").Last().EndsWith("TT_SSH_PORT=2222\toptions=-s=60 -w -a=4"));
     EXPECT_EQ(Run({"fetch", "--target=127.0.0.1", "backup.prj"}).status, 0);
-    EXPECT_TRUE(Read("backup.prj") == configured && wxFileExists(dir.path + "/backup.mbd"));
+    EXPECT_TRUE(Read("backup.prj") == configured && Read("backup.mbd") == Read("gateway/TG7/MBMAP1.csv"));
     EXPECT_EQ(Run({"upload-installers", "--target=127.0.0.1", "--yes"}).status, 0);
     for (const char* file : {"index.html", "downloads/TG7UserGuide.pdf", "downloads/mbEditUserGuide.pdf",
                              "downloads/TGxSoftwareSuite.msi", "downloads/TGxConnect.msi"})

@@ -159,15 +159,6 @@ TEST(ConfigGeneratorCommand, JoinsWindowsPathsWithBackslashesInsideTheQuotes)
         "\"-a=C:\\Program Files\\TGx\\tgxconfigure\\ADDITIONAL\" \"-o=D:\\TG7 builds\\line 4\" \"-c=config\"");
 }
 
-TEST_F(ConfigGenerator, FailedBuildReportsTheExitCodeAfterWritingTheFiles)
-{
-    tools.fallback.exitCode = -1;
-    EXPECT_FALSE(Generate());
-    EXPECT_EQ(errorText, "Failed to build configuration files for TG7 - (ttbuild returned -1).\n"
-                         "Check TARN software is properly installed");
-    EXPECT_TRUE(wxFileExists(Built("INCLUDE/ct.ini")));
-}
-
 TEST_F(ConfigGenerator, CopiesTheProjectFileAndWritesTheMap)
 {
     // Copied byte for byte, whatever its line ends and encoding.
