@@ -103,6 +103,7 @@ const FaultRow kRows[] = {
     {"InstallersFirstFails", kInstallers, "ttputfile exit=1", 1, "ttputfile:1", "Failed to upload TgxSoftwareSuite Installer", ""},
     {"InstallersSecondFails", kInstallers, "ttputfile match=TGxConnect exit=1", 1, "ttputfile ttputfile:1",
         "Failed to upload TgxConnect Installer", ""},
+    {"InstallersNoTtputfile", kInstallers, "missing ttputfile", 1, "", "Failed to upload TgxSoftwareSuite Installer", ""},
     {"RebootFails", kReboot, "ttreboot exit=1", 1, "ttreboot:1", "ERROR : Failed to reboot TG7|Done", ""},
     {"RebootNoTtreboot", kReboot, "missing ttreboot", 1, "", "ERROR : Failed to reboot TG7|Done", ""},
 
@@ -115,6 +116,11 @@ const FaultRow kRows[] = {
         "boiler_house.mbd=same out/_temp.dat=absent out/_temp.ini=absent"},
     {"EditMapDbtojsonFails", kEdit, "dbtojson exit=1", 1, "ttbuild inifile dbtojson:1",
         "Unable to generate _temp.json file from _temp.dat", "boiler_house.mbd=same out/_temp.dat=absent out/_temp.json=absent"},
+#ifndef _WIN32  // the shell's code for a program it cannot find (cmd.exe has its own)
+    {"EditMapNoDbtojson", kEdit, "missing dbtojson", 1, "ttbuild inifile", "Unable to generate _temp.json file from _temp.dat",
+        "boiler_house.mbd=same out/_temp.dat=absent"},
+#endif
+    {"EditMapNoMbedit", kEdit, "missing mbedit", 0, "ttbuild inifile dbtojson", "", "boiler_house.mbd=same out/_temp.json=absent"},
     {"EditMapMbeditFails", kEdit, "mbedit exit=1", 0, "ttbuild inifile dbtojson mbedit:1", "",
         "boiler_house.mbd=same out/_temp.mbd=absent"},
 
@@ -137,6 +143,8 @@ const FaultRow kRows[] = {
     {"ScanPortRefused", kScan, "ttvsp match=*-p=* exit=1", 1, wxString(kScanRuns) + " ttvsp:1", kNoPort, ""},
     {"ScanNoMultiplexer", kScan, "pfmux exit=1", 1, wxString(kScanRuns) + " ttvsp pfmux:1 pfmux:1 pfmux:1 ttvsp", kNoMultiplexer,
         "plant.prj=absent"},
+
+    {"ScanNoPfmux", kScan, "missing pfmux", 1, wxString(kScanRuns) + " ttvsp ttvsp", kNoMultiplexer, "plant.prj=absent"},
 
     {"RebuildPortRefused", kRebuild, "ttvsp exit=1", 1, "ttvsp:1", kNoPort, ""},
     {"RebuildRefused", kRebuild, "pfmux match=-wm=1 exit=1", 1, "ttvsp pfmux:1 ttvsp", "Unable communicate with Multiplexer.", ""},
@@ -212,8 +220,9 @@ TEST_P(FaultMatrix, StopsAtTheFailedStepWithItsMessage)
     EXPECT_EQ(Runs(), row.runs);
     wxArrayString said;
     for (const wxString& line : run.err)
-        // A failing simulated tool's own line, and the one a child that could not start its program writes.
-        if (!line.Contains(": simulated failure (faults.txt line ") && !line.StartsWith("execvp("))
+        // What the tools print themselves: a simulated failure, and the lines of a child or a shell
+        // that could not start its program.
+        if (!line.Contains(": simulated failure (faults.txt line ") && !line.StartsWith("execvp(") && !line.StartsWith("/bin/sh: "))
             said.Add(line);
     if (said.empty())
         EXPECT_TRUE(wxJoin(run.out, '|', '\0').EndsWith(row.message)) << wxJoin(run.out, '|', '\0');
