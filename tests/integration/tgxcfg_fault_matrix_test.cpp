@@ -165,7 +165,8 @@ protected:
         Sim("mux rebuild-polls 1");
     }
 
-    // The simulator's tools without one of them, first on PATH.
+    // The simulator's tools without one of them, in place of every folder on PATH that holds them
+    // (under Wine, WINEPATH adds one of its own).
     void LeaveOut(const wxString& tool)
     {
         namespace fs = std::filesystem;
@@ -174,7 +175,11 @@ protected:
         for (const fs::directory_entry& entry : fs::directory_iterator(fs::u8path(TGX_SIMULATOR_BIN)))
             if (entry.path().stem().u8string() != tool.utf8_string())
                 fs::copy(entry.path(), bin / entry.path().filename(), fs::copy_options::copy_symlinks);
-        env.env["PATH"] = dir.path + "/bin" + env.env["PATH"].Mid(wxStrlen(TGX_SIMULATOR_BIN));
+        wxString path = dir.path + "/bin";
+        for (const wxString& folder : wxSplit(env.env["PATH"], wxPATH_SEP[0], '\0'))
+            if (!wxFileExists(folder + "/tgxsim") && !wxFileExists(folder + "/tgxsim.exe"))
+                path << wxPATH_SEP << folder;
+        env.env["PATH"] = path;
     }
 
     // The runs of the simulator's log, as a row writes them.
@@ -230,6 +235,10 @@ TEST_P(FaultMatrix, StopsAtTheFailedStepWithItsMessage)
         EXPECT_EQ(wxJoin(said, '|', '\0'), row.message);
     for (const wxString& file : files) {
         const wxString name = file.BeforeFirst('='), state = file.AfterFirst('=');
+#ifdef _WIN32
+        if (name.StartsWith("prj/"))
+            continue;  // the user's own documents folder there, shared by the tests running in parallel
+#endif
         const bool exists = wxFileExists(path(name));
         const std::string bytes = ReadBytes(path(name));
         EXPECT_TRUE(state == "same" ? exists && bytes == before[name] : state == "absent" ? !exists
