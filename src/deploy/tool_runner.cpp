@@ -1,13 +1,14 @@
 #include "deploy/tool_runner.h"
 
+#include "deploy/captured_output.h"
+
 #include <wx/filefn.h>
 #include <wx/log.h>
 #include <wx/utils.h>
 
 long WxToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
 {
-    output.Clear();
-    return wxExecute(command, output, wxEXEC_NODISABLE);
+    return RunWithCapturedOutput(command, output);
 }
 
 long WxToolRunner::RunBlockingHidden(const wxString& command)

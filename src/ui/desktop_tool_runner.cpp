@@ -26,6 +26,7 @@ bool ToolRunInProgress()
 long DesktopToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
 {
     RunScope scope;
+    wxBusyCursor busy;
     return WxToolRunner::RunCaptured(command, output);
 }
 

@@ -3,6 +3,8 @@
 // expansion of ttbuild included), and the admin commands (set, reset), are proven by the workflow
 // tests that use them. Each tool is started by name from PATH, a process of its own, all sharing
 // one scratch state folder.
+#include "deploy/captured_output.h"
+#include "deploy/tool_runner.h"
 #include "project/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
@@ -84,6 +86,15 @@ TEST_F(Simulator, FaultRulesFailMatchingRunsAndCountAcrossRuns)
     wxArrayString boots;
     ASSERT_TRUE(ReadTextLines(dir.path + "/gateway/boot.log", boots));
     EXPECT_EQ(boots.size(), 2u);
+}
+
+// A tool printing more than a captured run keeps is cut there, runs to its end and keeps its code.
+TEST_F(Simulator, CapturedOutputIsCutAtItsLimit)
+{
+    ASSERT_EQ(Run("tgxsim fault add ttmbprint exit=3 output=a output=b repeat=140000").code, 0);
+    wxArrayString lines;
+    EXPECT_EQ(WxToolRunner().RunCaptured("ttmbprint h -f=2", lines), 3);
+    EXPECT_TRUE(lines.size() == kMaxCapturedLines && lines.Last() == "b");
 }
 
 }  // namespace
