@@ -49,7 +49,7 @@ run() {
   elif [ "$status" -ne "$expected" ] || [ -z "$outcome" ]; then
     verdict="FAILED: status $status, expected $expected; $(head -c 200 err.txt)"
   fi
-  printf 'stress: %-34s %12s: %7s s, %8s KB, %s\n' "$name" "$size" "$seconds" "$kb" "${outcome:-?}"
+  printf 'stress: %-38s %8s: %7s s, %8s KB, %s\n' "$name" "$size" "$seconds" "$kb" "${outcome:-?}"
   if [ "$verdict" != ok ]; then
     echo "stress:   $verdict"
     failed=1
