@@ -33,6 +33,11 @@ test-share:
 bench: build
 	@bash scripts/bench.sh $(BUILD)
 
+# Bad input at scale (large files, a tool printing without end): figures, not part of the tests.
+.PHONY: stress
+stress: build
+	@bash scripts/stress.sh $(BUILD)
+
 # The fuzz harnesses of fuzz/ (clang, libFuzzer, ASan, UBSan; build-fuzz/), each run for
 # FUZZ_SECONDS; fuzz-ci runs each briefly, for a CI job.
 BUILD_FUZZ   ?= build-fuzz

@@ -138,8 +138,14 @@ bool ParseFaultLine(const wxString& line, const wxArrayString& knownTools, Fault
             rule.fails = number;
         } else if (key == "output") {
             rule.output.Add(value);
+        } else if (key == "repeat") {
+            if (!ParseInteger(value, 1, 100000000, number)) {
+                problem = "repeat must be a number from 1 to 100000000";
+                return false;
+            }
+            rule.repeat = number;
         } else {
-            problem = "unknown key '" + key + "' (match, exit, fails, output)";
+            problem = "unknown key '" + key + "' (match, exit, fails, output, repeat)";
             return false;
         }
     }

@@ -9,7 +9,7 @@
 // substring. exit defaults to 1. fails=0 (the default) fails every matching run; fails=N fails
 // the first N matching runs, lets the next one succeed and is then spent. Each output= is one
 // line printed on standard output instead of the tool's own; without any, a note goes to
-// standard error. Values with blanks are written in double quotes (\" and \\ inside).
+// standard error; repeat=N prints them N times. Values with blanks are written in double quotes (\" and \\ inside).
 #pragma once
 
 #include <wx/arrstr.h>
@@ -26,6 +26,7 @@ struct FaultRule {
     int exitCode = 1;
     long fails = 0;
     wxArrayString output;
+    long repeat = 1;  // how many times the output lines are printed
     wxString text;  // the rule as written: the key of its counter
     int lineNumber = 0;
 };

@@ -62,8 +62,10 @@ int ApplyFaults(const SimState& state, const wxString& name, const wxArrayString
     note << (note.empty() ? "" : ", ") << wxString::Format("fault rule at line %d", rule->lineNumber);
     if (rule->output.empty())
         ToolError(name, wxString::Format("simulated failure (faults.txt line %d)", rule->lineNumber));
-    for (const wxString& line : rule->output)
-        PrintLine(line);
+    for (long round = 0; round < rule->repeat; ++round) {
+        for (const wxString& line : rule->output)
+            PrintLine(line);
+    }
     return rule->exitCode;
 }
 

@@ -1,6 +1,7 @@
 #include "text_io.h"
 
 #include "project/text_file.h"
+#include "project/unicode_text.h"
 
 #include <wx/convauto.h>
 #include <wx/file.h>
@@ -67,18 +68,18 @@ bool AppendLine(const wxString& path, const wxString& line)
     wxFile file(path, wxFile::write_append);
     if (!file.IsOpened())
         return false;
-    return file.Write(line + "\r\n", wxConvUTF8) && file.Close();
+    return file.Write(EncodableText(line) + "\r\n", wxConvUTF8) && file.Close();
 }
 
 void PrintLine(const wxString& line)
 {
-    std::fputs(line.utf8_str(), stdout);
+    std::fputs(Utf8Bytes(line).c_str(), stdout);
     std::fputc('\n', stdout);
 }
 
 void PrintError(const wxString& line)
 {
-    std::fputs(line.utf8_str(), stderr);
+    std::fputs(Utf8Bytes(line).c_str(), stderr);
     std::fputc('\n', stderr);
 }
 

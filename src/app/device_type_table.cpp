@@ -2,10 +2,9 @@
 
 #include "app/installation_environment.h"
 #include "project/project.h"
+#include "project/text_file.h"
 
 #include <wx/filename.h>
-#include <wx/log.h>
-#include <wx/textfile.h>
 #include <wx/tokenzr.h>
 
 wxString DeviceTypeTable::Text(int column, int row) const
@@ -42,11 +41,11 @@ bool LoadDeviceTypeTable(const wxString& path, DeviceTypeTable& table)
 {
     if (!wxFileExists(path))
         return false;
-    wxLogNull quiet;  // an unreadable file reads as an empty table, as a damaged line is skipped
-    wxTextFile file;
-    if (!file.Open(path))
-        return true;
-    for (size_t i = 0; i < file.GetLineCount(); ++i)
-        ParseDeviceTypeLine(file[i], table);
+    // An unreadable file, or one larger than any text file the tool reads, reads as an empty
+    // table, as a damaged line is skipped.
+    wxArrayString lines;
+    ReadTextLines(path, lines);
+    for (const wxString& line : lines)
+        ParseDeviceTypeLine(line, table);
     return true;
 }

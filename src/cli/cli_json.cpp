@@ -1,6 +1,7 @@
 #include "cli/cli_json.h"
 
 #include "project/project_file.h"
+#include "project/unicode_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -10,7 +11,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string Utf8(const wxString& text) { return text.utf8_string(); }
+std::string Utf8(const wxString& text) { return Utf8Bytes(text); }
 
 std::string Document(const Json& json) { return json.dump(2) + "\n"; }
 

@@ -1,8 +1,10 @@
 #include "cli/console_user_interface.h"
 
+#include "project/unicode_text.h"
+
 void WriteLine(std::ostream& stream, const wxString& text)
 {
-    stream << text.utf8_string() << '\n';
+    stream << Utf8Bytes(text) << '\n';  // damaged text from outside must not stop the output
     stream.flush();
 }
 

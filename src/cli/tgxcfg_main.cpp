@@ -1,6 +1,7 @@
 // tgxcfg: the configuration tool without its window, for scripts, CI jobs and fleets.
 #include "cli/cli_commands.h"
 #include "cli/command_line.h"
+#include "project/unicode_text.h"
 
 #include <wx/init.h>
 #include <wx/strconv.h>
@@ -23,8 +24,8 @@ int main(int argc, char** argv)
     const ParsedCommandLine parsed = ParseCommandLine(args);
     switch (parsed.outcome) {
     case ParsedCommandLine::Help:
-    case ParsedCommandLine::Version: std::cout << parsed.text.utf8_string(); return 0;
-    case ParsedCommandLine::UsageError: std::cerr << parsed.text.utf8_string(); return 2;
+    case ParsedCommandLine::Version: std::cout << Utf8Bytes(parsed.text); return 0;
+    case ParsedCommandLine::UsageError: std::cerr << Utf8Bytes(parsed.text); return 2;
     case ParsedCommandLine::Run: break;
     }
     return RunCliRequest(parsed.request, std::cout, std::cerr);

@@ -1,5 +1,6 @@
 #include "ui/desktop_tool_runner.h"
 
+#include <wx/log.h>
 #include <wx/utils.h>
 
 namespace {
@@ -26,11 +27,13 @@ bool ToolRunInProgress()
 long DesktopToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
 {
     RunScope scope;
+    wxBusyCursor busy;
     return WxToolRunner::RunCaptured(command, output);
 }
 
 long DesktopToolRunner::RunBlockingHidden(const wxString& command)
 {
     RunScope scope;
+    wxLogNull quiet;  // as WxToolRunner: the caller judges a tool that cannot be started
     return wxExecute(command, wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE | wxEXEC_NODISABLE);
 }

@@ -3,6 +3,8 @@
 // expansion of ttbuild included), and the admin commands (set, reset), are proven by the workflow
 // tests that use them. Each tool is started by name from PATH, a process of its own, all sharing
 // one scratch state folder.
+#include "deploy/captured_output.h"
+#include "deploy/tool_runner.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 
@@ -56,6 +58,15 @@ TEST_F(Simulator, WrongCommandLinesAreRefusedWithTheUsage)
         EXPECT_TRUE(result.out.empty() && result.err.size() == 2u && result.err[0].StartsWith(tool + ": ") &&
                     result.err[1].StartsWith("usage: " + tool + " ")) << command << "\n" << wxJoin(result.err, '\n');
     }
+}
+
+// A tool printing more than a captured run keeps is cut there, runs to its end and keeps its code.
+TEST_F(Simulator, CapturedOutputIsCutAtItsLimit)
+{
+    ASSERT_EQ(Run("tgxsim fault add ttmbprint exit=3 output=a output=b repeat=140000").code, 0);
+    wxArrayString lines;
+    EXPECT_EQ(WxToolRunner().RunCaptured("ttmbprint h -f=2", lines), 3);
+    EXPECT_TRUE(lines.size() == kMaxCapturedLines && lines.Last() == "b");
 }
 
 }  // namespace
