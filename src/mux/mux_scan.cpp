@@ -171,8 +171,11 @@ bool MuxScanCommand(AppContext& ctx)
         Fail(ctx, errorText);
         return false;
     }
-    wxRemoveFile(baseProject);
-    wxRemoveFile(MapFilePath(baseProject));
+    {
+        wxLogNull quiet;  // a file already gone is no reason for a message
+        wxRemoveFile(baseProject);
+        wxRemoveFile(MapFilePath(baseProject));
+    }
     ctx.ui.PulseProgress("Restarting the HART Gateway");
     if (!RebootDevice(ctx, 1)) {
         Fail(ctx, "ERROR : Failed to reboot TG7");
