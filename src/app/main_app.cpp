@@ -4,11 +4,13 @@
 #include "app/target_address.h"
 #include "platform/platform.h"
 #include "ui/desktop_tool_runner.h"
+#include "ui/exit_when_shown.h"
 #include "ui/main_frame.h"
 
 #include <wx/app.h>
 #include <wx/cmdline.h>
 #include <wx/sizer.h>
+#include <wx/utils.h>
 
 #include <memory>
 
@@ -53,6 +55,8 @@ bool MainApp::OnInit()
     SetTopWindow(frame);
     frame->target.targetHost = initialTargetAddress;
     frame->target.targetEntry = initialTargetAddress;
+    if (wxGetEnv("TGX_EXIT_WHEN_SHOWN", nullptr))  // `make bench` times start-up with it
+        ExitWhenShown(*frame);
     frame->Show(true);
     if (!CheckConflictingSoftware(frame->Context())) {
         theMainFrame = nullptr;

@@ -33,7 +33,10 @@
 MainFrame* theMainFrame = nullptr;
 
 MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scriptedDialogs)
-    : MainFrameBase(nullptr, wxID_ANY, "TG7+ Configuration tool", wxDefaultPosition, wxSize(545, 765)),
+    // The panel is built when a project is first shown: no project is open at start-up, and its
+    // controls were a third of start-up's time and most of its memory (the radio buttons' images).
+    : MainFrameBase(nullptr, wxID_ANY, "TG7+ Configuration tool", wxDefaultPosition, wxSize(545, 765),
+                    wxDEFAULT_FRAME_STYLE | wxTAB_TRAVERSAL, false),
       ui(*this, scriptedDialogs),
       context{theProject, env, target, deviceTypes, ui, tools, platform}
 {
@@ -73,8 +76,13 @@ void MainFrame::RefreshPanelFromProject()
                              m_menuItemExportMap})
         item->Enable(view.modbusItemsEnabled);
     if (!view.panelShown) {
-        m_mainPanel->Hide();
+        if (m_mainPanel != nullptr)
+            m_mainPanel->Hide();
         return;
+    }
+    if (m_mainPanel == nullptr) {
+        CreatePanelOnce();
+        m_mainPanel->Hide();  // as it was when it was built with the window and hidden at start-up
     }
 
     m_menuItemAutomaticMap->Check(view.automaticMapChecked);
@@ -138,6 +146,8 @@ void MainFrame::MeasurePanelAgain()
 
 void MainFrame::RefreshCommandList()
 {
+    if (m_mainPanel == nullptr)
+        return;  // written when the panel is built
     WriteCommandList(BuildPanelView(context.project));
 }
 
@@ -150,7 +160,8 @@ void MainFrame::WriteCommandList(const PanelView& view)
 
 void MainFrame::TakePendingRtuAddress()
 {
-    if (m_textRtuAddress->GetValue() != rtuAddressTaken)
+    // No panel yet: no project has been shown, so none can take an address.
+    if (m_mainPanel != nullptr && m_textRtuAddress->GetValue() != rtuAddressTaken)
         TakeRtuAddress();
 }
 

@@ -31,12 +31,13 @@ wxArrayString Choices(const char* const (&texts)[N])
 }  // namespace
 
 MainFrameBase::MainFrameBase(wxWindow* parent, wxWindowID id, const wxString& title, const wxPoint& pos,
-                             const wxSize& size, long style)
+                             const wxSize& size, long style, bool panelAtOnce)
     : wxFrame(parent, id, title, pos, size, style)
 {
     SetSizeHints(wxDefaultSize, wxDefaultSize);
     CreateMenus();
-    CreatePanel();
+    if (panelAtOnce)
+        CreatePanel();
     Centre(wxBOTH);
     BindEvents();
 }
@@ -296,13 +297,23 @@ void MainFrameBase::BindEvents()
     for (const auto& [item, handler] : menuHandlers)
         Bind(wxEVT_MENU, handler, this, item->GetId());
 
+    if (m_mainPanel != nullptr)
+        ConnectControls(true);
+}
+
+void MainFrameBase::CreatePanelOnce()
+{
+    if (m_mainPanel != nullptr)
+        return;
+    CreatePanel();
     ConnectControls(true);
 }
 
 void MainFrameBase::UnbindEvents()
 {
     Unbind(wxEVT_CLOSE_WINDOW, &MainFrameBase::OnCloseFrame, this);
-    ConnectControls(false);
+    if (m_mainPanel != nullptr)
+        ConnectControls(false);
 }
 
 void MainFrameBase::ConnectControls(bool connect)

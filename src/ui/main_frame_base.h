@@ -18,10 +18,14 @@ class MainFrameBase : public wxFrame {
 public:
     MainFrameBase(wxWindow* parent, wxWindowID id = wxID_ANY, const wxString& title = wxEmptyString,
                   const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxSize(545, 765),
-                  long style = wxDEFAULT_FRAME_STYLE | wxTAB_TRAVERSAL);
+                  long style = wxDEFAULT_FRAME_STYLE | wxTAB_TRAVERSAL, bool panelAtOnce = true);
     ~MainFrameBase() override;
 
 protected:
+    // Without panelAtOnce the frame has no panel (m_mainPanel null, the controls unset) until
+    // this builds it and binds its controls; later calls do nothing.
+    void CreatePanelOnce();
+
     wxMenuBar* m_menubar;
     wxMenu* m_menuProject;
     wxMenu* m_menuTarget;
@@ -57,7 +61,7 @@ protected:
     wxMenuItem* m_menuItemCheckForUpdates;
     wxMenuItem* m_menuItemAbout;
 
-    wxPanel* m_mainPanel;
+    wxPanel* m_mainPanel = nullptr;
     wxStaticText* m_headingGeneral;
     wxStaticLine* m_lineGeneral;
     wxStaticText* m_labelConfigurationName;
