@@ -11,5 +11,5 @@ ratio() {
   awk -v a="$(real "$2")" -v b="$(real "$3")" -v name="$1" -v aim="$4" \
     'BEGIN { printf "bench: %s = %.2fx (aim <= %sx)\n", name, a / b, aim }'
 }
-ratio generator BM_GenerateConfigurationMaximalProject BM_WriteSameBytesPlainly 2
-ratio "load and save" BM_LoadAndSaveMaximalProject BM_ReadAndWriteSameBytes 2
+ratio generator BM_GenerateConfigurationMaximalProject BM_WriteSameBytesFlushed 2
+ratio "load and save" BM_LoadAndSaveMaximalProject BM_ReadAndWriteSameBytesFlushed 2
