@@ -92,7 +92,7 @@ bool SplitUtf8Lines(const char* begin, const char* end, wxArrayString& lines)
         }
         if (stop == end)
             break;
-        start = stop + (stop == nextCr && stop + 1 == nextLf ? 2 : 1);
+        start = stop + (*stop == '\r' && stop + 1 != end && stop[1] == '\n' ? 2 : 1);
         if (nextCr < start)
             nextCr = next(start, '\r');
         if (nextLf < start)
@@ -136,12 +136,12 @@ bool ReadTextLines(const wxString& path, wxArrayString& lines)
     std::string bytes(static_cast<std::size_t>(length), '\0');
     std::size_t got = 0;
     while (got < bytes.size()) {
-        const ssize_t read = file.Read(&bytes[got], bytes.size() - got);
-        if (read == wxInvalidOffset)
+        const ssize_t count = file.Read(&bytes[got], bytes.size() - got);
+        if (count == wxInvalidOffset)
             return false;
-        if (read == 0)
+        if (count == 0)
             break;
-        got += static_cast<std::size_t>(read);
+        got += static_cast<std::size_t>(count);
     }
     bytes.resize(got);
     file.Close();

@@ -148,7 +148,7 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
     const std::string longLine(1 << 20, 'x');
     const Case cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
         {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", longLine, 1},
-        {"UTF-8 with its BOM, a lone CR", "\xEF\xBB\xBF" "caf\xC3\xA9\rB\r\n", 2, L"caf\u00E9"},
+        {"UTF-8 with its BOM, lone CRs only", "\xEF\xBB\xBF" "caf\xC3\xA9\rB\r", 2, L"caf\u00E9"},
         {"not UTF-8: read as Latin-1", "caf\xE9\n", 1, L"caf\u00E9"},
         {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2},  // either refused or read, never harm
         {"larger than any file the tool reads", std::string(kMaxTextFileBytes + 1, '\n'), -1}};
