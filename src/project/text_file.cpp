@@ -69,13 +69,14 @@ bool SplitUtf8Lines(const char* begin, const char* end, wxArrayString& lines)
     for (const char* start = begin; start != end;) {
         const char* const stop = std::min(nextCr, nextLf);
         const std::size_t length = static_cast<std::size_t>(stop - start);
+        // Widened while the high bits are gathered: one pass, no branch per byte.
+        wide.resize(length);
         unsigned char high = 0;
-        for (std::size_t i = 0; i < length; ++i)
+        for (std::size_t i = 0; i < length; ++i) {
             high |= static_cast<unsigned char>(start[i]);
+            wide[i] = static_cast<wchar_t>(static_cast<unsigned char>(start[i]));
+        }
         if (high < 0x80) {
-            wide.resize(length);
-            for (std::size_t i = 0; i < length; ++i)
-                wide[i] = static_cast<wchar_t>(start[i]);
             lines.Add(wxString());
             lines.Last().assign(wide.data(), wide.size());
         } else {
@@ -174,10 +175,12 @@ bool WriteTextLines(const wxString& path, const wxArrayString& lines)
         const std::size_t length = line.length();
         const std::size_t at = text.size();
         text.resize(at + length);
-        std::size_t c = 0;
-        for (; c < length && static_cast<unsigned long>(chars[c]) < 0x80; ++c)
+        unsigned long high = 0;  // gathered over the line: one pass, no branch per character
+        for (std::size_t c = 0; c < length; ++c) {
+            high |= static_cast<unsigned long>(chars[c]);
             text[at + c] = static_cast<char>(chars[c]);
-        if (c < length) {
+        }
+        if (high >= 0x80) {
             // Fails, as encoding the whole text did, for a character with no UTF-8 form.
             const std::size_t bytes = wxConvUTF8.FromWChar(nullptr, 0, line.wc_str(), length);
             if (bytes == wxCONV_FAILED)
