@@ -10,14 +10,39 @@
 #include <wx/tokenzr.h>
 
 #include <algorithm>
+#include <charconv>
+#include <string>
 
 const char* const kToolVersion = "6.2.2";
+
+namespace {
+
+// "%d" of a number, appended without wxString::Format: a full project writes some 2,000 lines.
+void AppendNumber(std::string& text, int value)
+{
+    char digits[16];
+    const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, value);
+    text.append(digits, end.ptr);
+}
+
+wxString AsciiText(const std::string& text)
+{
+    return wxString::FromAscii(text.data(), text.size());
+}
+
+}  // namespace
 
 wxArrayString ProjectFileLines(const Project& p)
 {
     wxArrayString lines;
-    auto text = [&](const char* key, const char* value) { lines.Add(wxString(key) + GetText(value)); };
-    auto number = [&](const char* key, int value) { lines.Add(wxString::Format("%s%d", key, value)); };
+    lines.Alloc(30 + 6 * MAX_DEVICES + 2 * MAX_DEVICES * MAX_COMMANDS);
+    std::string line;
+    auto text = [&](const char* key, const char* value) { lines.Add(wxString::FromAscii(key) + GetText(value)); };
+    auto number = [&](const char* key, int value) {
+        line = key;
+        AppendNumber(line, value);
+        lines.Add(AsciiText(line));
+    };
     lines.Add(wxString("TGX VERSION:") + kToolVersion);
     lines.Add(wxString());
     text("TGX TAGNAME:", p.tagName);
@@ -56,14 +81,22 @@ wxArrayString ProjectFileLines(const Project& p)
         number("ENABLE:", device.enabled);
         for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
             const HartCommandEntry& command = device.commands[c];
-            lines.Add(wxString::Format("HARTCMD:%d %d %d %d", command.commandNumber, command.cycleInterval,
-                                       command.pollEnabled, command.writeCommand));
+            line = "HARTCMD:";
+            for (int value : {command.commandNumber, command.cycleInterval, command.pollEnabled, command.writeCommand}) {
+                AppendNumber(line, value);
+                line += ' ';
+            }
+            line.pop_back();  // no blank after the last one
+            lines.Add(AsciiText(line));
             if (command.argCount == 0)
                 continue;
-            wxString args = "CMDARGS:";
+            line = "CMDARGS:";
             for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a)
-                args << wxString::Format("%d ", command.args[a]);
-            lines.Add(args);
+            {
+                AppendNumber(line, command.args[a]);
+                line += ' ';
+            }
+            lines.Add(AsciiText(line));
         }
     }
     return lines;
@@ -139,10 +172,22 @@ const std::pair<const char*, Key> kKeys[] = {
     {"TMS ENABLE:", Key::TmsEnable},
 };
 
+// Compared character by character: StartsWith converted every key to a wxString first, for
+// every key and every line.
+bool StartsWithKey(const wxString& line, const char* key)
+{
+    const wxStringCharType* const chars = line.wx_str();
+    const std::size_t length = line.length();
+    for (std::size_t i = 0; key[i] != '\0'; ++i)
+        if (i >= length || chars[i] != static_cast<wxStringCharType>(key[i]))
+            return false;
+    return true;
+}
+
 const std::pair<const char*, Key>* FindKey(const wxString& line)
 {
     const auto key = std::find_if(std::begin(kKeys), std::end(kKeys),
-                                  [&](const auto& entry) { return line.StartsWith(entry.first); });
+                                  [&](const auto& entry) { return StartsWithKey(line, entry.first); });
     return key == std::end(kKeys) ? nullptr : key;
 }
 

@@ -143,10 +143,13 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         const char* name;
         std::string bytes;
         int lines;  // -1: refused as unreadable; -2: either
+        const wchar_t* first = nullptr;  // the first line's text, where it matters
     };
     const std::string longLine(1 << 20, 'x');
     const Case cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
         {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", longLine, 1},
+        {"UTF-8 with its BOM, lone CRs only", "\xEF\xBB\xBF" "caf\xC3\xA9\rB\r", 2, L"caf\u00E9"},
+        {"not UTF-8: read as Latin-1", "caf\xE9\n", 1, L"caf\u00E9"},
         {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2},  // either refused or read, never harm
         {"larger than any file the tool reads", std::string(kMaxTextFileBytes + 1, '\n'), -1}};
     for (const Case& c : cases) {
@@ -156,6 +159,7 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         wxArrayString lines;
         const bool read = ReadTextLines(path, lines);
         EXPECT_TRUE(c.lines == -2 || (c.lines == -1 ? !read : read && static_cast<int>(lines.size()) == c.lines));
+        EXPECT_TRUE(c.first == nullptr || (!lines.empty() && lines[0] == c.first));
         TestContext t;
         EXPECT_EQ(ApplyProjectFile(t.ctx, lines), !lines.empty());
     }
