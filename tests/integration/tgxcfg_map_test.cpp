@@ -45,7 +45,11 @@ TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
     EXPECT_TRUE(Read("gateway/boot.log").Last().EndsWith("TT_SSH_PORT=2222\toptions=-s=60 -w -a=4"));
     EXPECT_EQ(Run({"fetch", "--target=127.0.0.1", "backup.prj"}).status, 0);
     EXPECT_TRUE(Read("backup.prj") == configured && Read("backup.mbd") == Read("gateway/TG7/MBMAP1.csv"));
-    EXPECT_EQ(Run({"upload-installers", "--target=127.0.0.1", "--yes"}).status, 0);
+    const CliRun upload = Run({"upload-installers", "--target=127.0.0.1", "--yes"});
+    // The question's spelling is the one users have always read; the installers go with -c.
+    EXPECT_TRUE(upload.status == 0
+                && upload.out.Index("This proceedure is not recomended if you are connected over a WAN") != wxNOT_FOUND);
+    EXPECT_TRUE(Read("gateway/run.log").Last().EndsWith(" /var/www/html/downloads/TGxConnect.msi -c"));
     for (const char* file : {"index.html", "downloads/TG7UserGuide.pdf", "downloads/mbEditUserGuide.pdf",
                              "downloads/TGxSoftwareSuite.msi", "downloads/TGxConnect.msi"})
         EXPECT_TRUE(wxFileExists(dir.path + "/gateway/root/var/www/html/" + file)) << file;
