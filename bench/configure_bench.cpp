@@ -33,21 +33,21 @@ public:
         : tools(tools)
     {
     }
-    long RunCaptured(const wxString& command, wxArrayString& output) override
+    long RunCaptured(const ToolCommand& command, wxArrayString& output) override
     {
         const Clock::time_point start = Clock::now();
         const long code = tools.RunCaptured(command, output);
         seconds += SecondsSince(start);
         return code;
     }
-    long RunBlockingHidden(const wxString& command) override
+    long RunBlockingHidden(const ToolCommand& command) override
     {
         const Clock::time_point start = Clock::now();
         const long code = tools.RunBlockingHidden(command);
         seconds += SecondsSince(start);
         return code;
     }
-    long RunDetached(const wxString& command) override
+    long RunDetached(const ToolCommand& command) override
     {
         const Clock::time_point start = Clock::now();
         const long code = tools.RunDetached(command);

@@ -3,7 +3,9 @@
 #include <wx/init.h>
 #include <wx/string.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -16,6 +18,12 @@ void FailOnAssert(const wxString& file, int line, const wxString& func, const wx
 
 int main(int argc, char** argv)
 {
+    // The tool runner's tests start this program as a tool that prints its arguments, one a line.
+    if (argc > 1 && std::strcmp(argv[1], "--print-arguments") == 0) {
+        for (int i = 2; i < argc; ++i)
+            std::printf("[%s]\n", argv[i]);
+        return 0;
+    }
     ::testing::InitGoogleTest(&argc, argv);
     wxInitializer toolkit;
     if (!toolkit.IsOk())

@@ -20,7 +20,7 @@ bool CheckConflictingSoftware(AppContext& ctx)
     bool conflict = false;
     for (const wxString& query : ctx.platform.InstalledSoftwareQueries()) {
         wxArrayString lines;
-        ctx.tools.RunCaptured(query, lines);
+        ctx.tools.RunCaptured(ToolCommand::FixedLine(query), lines);
         conflict = ListingNamesConflict(lines) || conflict;
     }
     if (!conflict)

@@ -49,13 +49,13 @@ void CheckForUpdates(AppContext& ctx)
     if (updater.empty())
         return;
     wxArrayString ignored;
-    ctx.tools.RunCaptured(updater, ignored);
+    ctx.tools.RunCaptured(ToolCommand::FixedLine(updater), ignored);
 }
 
 void ViewLiveData(AppContext& ctx)
 {
     if (PromptTargetAddress(ctx))
-        ctx.tools.RunDetached(wxString::Format("tgxview \"-a=%s\"", ctx.target.targetHost));
+        ctx.tools.RunDetached(ToolCommand("tgxview").QuotedArg("-a=" + ctx.target.targetHost));
 }
 
-void ChangeNetworkSettings(AppContext& ctx) { ctx.tools.RunDetached("tgxfinder"); }
+void ChangeNetworkSettings(AppContext& ctx) { ctx.tools.RunDetached(ToolCommand("tgxfinder")); }

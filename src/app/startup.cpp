@@ -46,7 +46,7 @@ bool RunStartup(AppContext& ctx)
     const wxString updater = ctx.platform.SilentUpdaterCommand(ctx.env.TgxSoftwarePath);
     if (!updater.empty()) {
         wxArrayString ignored;
-        ctx.tools.RunCaptured(updater, ignored);
+        ctx.tools.RunCaptured(ToolCommand::FixedLine(updater), ignored);
     }
 
     if (!ReadDeviceTypes(ctx.env, ctx.deviceTypes, fault)) {

@@ -42,12 +42,12 @@ public:
         : tools(tools)
     {
     }
-    long RunCaptured(const wxString& command, wxArrayString& output) override
+    long RunCaptured(const ToolCommand& command, wxArrayString& output) override
     {
         return tools.RunCaptured(command, output);
     }
-    long RunBlockingHidden(const wxString&) override { return 0; }
-    long RunDetached(const wxString& command) override { return tools.RunDetached(command); }
+    long RunBlockingHidden(const ToolCommand&) override { return 0; }
+    long RunDetached(const ToolCommand& command) override { return tools.RunDetached(command); }
     bool SetWorkingDirectory(const wxString& directory) override { return tools.SetWorkingDirectory(directory); }
     void SetEnvironment(const wxString& name, const wxString& value) override { tools.SetEnvironment(name, value); }
 

@@ -1,5 +1,6 @@
 #include "deploy/captured_output.h"
 
+#include "deploy/tool_runner.h"
 #include "project/unicode_text.h"
 
 #include <wx/app.h>
@@ -132,7 +133,7 @@ void WaitForOutput(wxEventLoopBase* loop, wxProcess& process, int milliseconds)
 
 }  // namespace
 
-long RunWithCapturedOutput(const wxString& command, wxArrayString& output)
+long RunWithCapturedOutput(const ToolCommand& command, wxArrayString& output)
 {
     output.Clear();
     // Child processes are noticed to end through the event loop: the running one, or our own.
@@ -144,7 +145,7 @@ long RunWithCapturedOutput(const wxString& command, wxArrayString& output)
     wxEventLoopBase* loop = wxEventLoopBase::GetActive();
 
     CapturedProcess process;
-    if (wxExecute(command, wxEXEC_ASYNC | wxEXEC_HIDE_CONSOLE, &process) <= 0)
+    if (ExecuteTool(command, wxEXEC_ASYNC | wxEXEC_HIDE_CONSOLE, &process) <= 0)
         return -1;
     process.CloseOutput();  // a tool that asks for input gets none instead of waiting for ever
     CapturedLines lines(output);

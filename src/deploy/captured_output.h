@@ -3,6 +3,8 @@
 // blocks on a full pipe and a tool printing without end cannot take the machine's memory.
 #pragma once
 
+#include "deploy/tool_command.h"
+
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
@@ -35,4 +37,4 @@ private:
 // Runs the command with its standard output captured as above and its standard error read and
 // dropped; the toolkit's events are dispatched meanwhile. Exit code, -1 when it could not be
 // started. A cut output is still the run's output: the lines kept, with the tool's exit code.
-long RunWithCapturedOutput(const wxString& command, wxArrayString& output);
+long RunWithCapturedOutput(const ToolCommand& command, wxArrayString& output);

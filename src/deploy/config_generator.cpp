@@ -229,11 +229,15 @@ wxArrayString BuildDbSaveLines(const Project& project)
     return lines;
 }
 
-wxString TtbuildCommand(const wxString& buildPath, const wxString& outputFolder, const wxString& separator)
+ToolCommand TtbuildCommand(const wxString& buildPath, const wxString& outputFolder, const wxString& separator)
 {
-    return wxString::Format(
-        "ttbuild -s=BUILD -f=LINUX \"-i=%s%sINCLUDE\" \"-a=%s%sADDITIONAL\" \"-o=%s\" \"-c=config\"", buildPath,
-        separator, buildPath, separator, outputFolder);
+    return ToolCommand("ttbuild")
+        .Arg("-s=BUILD")
+        .Arg("-f=LINUX")
+        .QuotedArg("-i=" + buildPath + separator + "INCLUDE")
+        .QuotedArg("-a=" + buildPath + separator + "ADDITIONAL")
+        .QuotedArg("-o=" + outputFolder)
+        .QuotedArg("-c=config");
 }
 
 bool GenerateConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName)

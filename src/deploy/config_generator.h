@@ -3,6 +3,8 @@
 // Modbus map beside it, then runs ttbuild, which expands them into the files uploaded to the gateway.
 #pragma once
 
+#include "deploy/tool_command.h"
+
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
@@ -24,7 +26,7 @@ wxArrayString BuildCtIniLines(const Project& project, const DeviceTypeTable& dev
 wxArrayString BuildDbSaveLines(const Project& project);
 
 // The ttbuild command line for the build folder and the output folder.
-wxString TtbuildCommand(const wxString& buildPath, const wxString& outputFolder, const wxString& separator);
+ToolCommand TtbuildCommand(const wxString& buildPath, const wxString& outputFolder, const wxString& separator);
 
 // Writes the four files into the build folder, makes the templates folder current and runs
 // ttbuild on them. An empty time server address is replaced by the default, in the project.

@@ -34,7 +34,7 @@ bool CheckGatewayVersions(AppContext& ctx)
 wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect)
 {
     wxArrayString report;
-    const long code = ctx.tools.RunCaptured(wxString::Format("ttdevtype \"%s\"", ctx.target.targetHost), report);
+    const long code = ctx.tools.RunCaptured(ToolCommand("ttdevtype").QuotedArg(ctx.target.targetHost), report);
     if (code < 0)
         return cannotConnect;
     if (report.size() < 3)

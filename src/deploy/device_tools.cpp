@@ -38,7 +38,7 @@ bool UploadConfiguration(AppContext& ctx, wxString& errorText)
 {
     ctx.tools.SetWorkingDirectory(BuildFolder(ctx, "OUTPUT"));
     wxArrayString output;
-    const long code = ctx.tools.RunCaptured(wxString::Format("ttrestore \"%s\" config", ctx.target.targetHost), output);
+    const long code = ctx.tools.RunCaptured(ToolCommand("ttrestore").QuotedArg(ctx.target.targetHost).Arg("config"), output);
     if (code == 0)
         return true;
     errorText = wxString::Format("Failed to upload configuration files to TG7 - (ttrestore returned %ld).\n"
@@ -50,18 +50,22 @@ bool UploadConfiguration(AppContext& ctx, wxString& errorText)
 bool RebootDevice(AppContext& ctx, int a)
 {
     wxArrayString output;
-    return ctx.tools.RunCaptured(wxString::Format("ttreboot \"%s\" -s=%d -w -a=%d", ctx.target.targetHost, 60, a),
+    return ctx.tools.RunCaptured(ToolCommand("ttreboot")
+                                     .QuotedArg(ctx.target.targetHost)
+                                     .Arg(wxString::Format("-s=%d", 60))
+                                     .Arg("-w")
+                                     .Arg(wxString::Format("-a=%d", a)),
                                  output) == 0;
 }
 
 bool FetchDeviceFile(AppContext& ctx, const char* remote, const wxString& local)
 {
     wxArrayString output;
-    return ctx.tools.RunCaptured(wxString::Format("ttgetfile \"%s\" %s \"%s\"", ctx.target.targetHost, remote, local),
-                                 output) == 0;
+    return ctx.tools.RunCaptured(
+               ToolCommand("ttgetfile").QuotedArg(ctx.target.targetHost).Arg(remote).QuotedArg(local), output) == 0;
 }
 
 bool PrintDeviceMap(AppContext& ctx, wxArrayString& lines)
 {
-    return ctx.tools.RunCaptured(wxString::Format("ttmbprint \"%s\" -f=2", ctx.target.targetHost), lines) == 0;
+    return ctx.tools.RunCaptured(ToolCommand("ttmbprint").QuotedArg(ctx.target.targetHost).Arg("-f=2"), lines) == 0;
 }

@@ -28,7 +28,7 @@ void RemoveQuietly(const wxString& file)
         wxRemoveFile(file);
 }
 
-bool RunOnGateway(AppContext& ctx, const wxString& command)
+bool RunOnGateway(AppContext& ctx, const ToolCommand& command)
 {
     wxArrayString output;
     return ctx.tools.RunCaptured(command, output) == 0;
@@ -75,24 +75,26 @@ bool UploadFirmwarePackage(AppContext& ctx, wxString& errorText)
     const wxString& host = ctx.target.targetHost;
     ctx.ui.PulseProgress("Uploading firmware ...");
     ctx.tools.SetWorkingDirectory(ctx.env.TgxFirmwarePath);
-    if (!RunOnGateway(ctx, wxString::Format("ttfirmware \"%s\" TG7main-v%s", host, ctx.env.FirmwareVersion))) {
+    if (!RunOnGateway(ctx, ToolCommand("ttfirmware").QuotedArg(host).Arg("TG7main-v" + ctx.env.FirmwareVersion))) {
         errorText = "Failed to upload firmware";
         return false;
     }
     ctx.ui.PulseProgress("Uploading documentation ...");
     ctx.tools.SetWorkingDirectory(ctx.env.TgxDocumentPath);
-    if (!RunOnGateway(ctx, wxString::Format("ttputfile \"%s\" \"TG7+ User Guide.pdf\" "
-                                            "/var/www/html/downloads/TG7UserGuide.pdf",
-                                            host)) ||
-        !RunOnGateway(ctx, wxString::Format("ttputfile \"%s\" \"mbEdit User Guide.pdf\" "
-                                            "/var/www/html/downloads/mbEditUserGuide.pdf",
-                                            host))) {
+    if (!RunOnGateway(ctx, ToolCommand("ttputfile")
+                                .QuotedArg(host)
+                                .QuotedArg("TG7+ User Guide.pdf")
+                                .Arg("/var/www/html/downloads/TG7UserGuide.pdf")) ||
+        !RunOnGateway(ctx, ToolCommand("ttputfile")
+                                .QuotedArg(host)
+                                .QuotedArg("mbEdit User Guide.pdf")
+                                .Arg("/var/www/html/downloads/mbEditUserGuide.pdf"))) {
         errorText = "Failed to upload documentation";
         return false;
     }
     ctx.ui.PulseProgress("Uploading website ...");
     ctx.tools.SetWorkingDirectory(ctx.env.TgxFirmwarePath);
-    if (!RunOnGateway(ctx, wxString::Format("ttputfile \"%s\" index.html /var/www/html/index.html", host))) {
+    if (!RunOnGateway(ctx, ToolCommand("ttputfile").QuotedArg(host).Arg("index.html").Arg("/var/www/html/index.html"))) {
         errorText = "Failed to upload website";
         return false;
     }

@@ -28,7 +28,7 @@ bool UploadInstaller(AppContext& ctx, const wxString& folder, const wxString& na
     if (!wxFileExists(local))
         return false;
     wxArrayString output;
-    return ctx.tools.RunCaptured(wxString::Format("ttputfile \"%s\" \"%s\" %s -c", ctx.target.targetHost, local, remote),
+    return ctx.tools.RunCaptured(ToolCommand("ttputfile").QuotedArg(ctx.target.targetHost).QuotedArg(local).Arg(remote).Arg("-c"),
                                  output) == 0;
 }
 

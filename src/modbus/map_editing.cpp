@@ -54,8 +54,13 @@ bool EditModbusMap(AppContext& ctx)
         return false;
     }
     // The byte order is the float swap code. Waits until the editor is closed; its exit code says nothing the map file does not.
-    ctx.tools.RunBlockingHidden(
-        wxString::Format("mbedit /d _temp.json /m _temp.%s /s %d", "mbd", FloatSwapCode(ctx.project)));
+    ctx.tools.RunBlockingHidden(ToolCommand("mbedit")
+                                    .Arg("/d")
+                                    .Arg("_temp.json")
+                                    .Arg("/m")
+                                    .Arg("_temp.mbd")
+                                    .Arg("/s")
+                                    .Arg(wxString::Format("%d", FloatSwapCode(ctx.project))));
     RemoveMapChainFile(ctx, "_temp.json");
     ReadTextLines(MapChainFile(ctx, "_temp.mbd"), ctx.project.modbusMapLines);
     RemoveMapChainFile(ctx, "_temp.mbd");

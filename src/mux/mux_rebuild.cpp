@@ -64,13 +64,19 @@ bool RebuildMuxLoops(AppContext& ctx, MuxScanWindow& window)
         return fail(kNoFreeComNames);
     const wxString comName = freeNames[0];
     wxArrayString output;
-    if (ctx.tools.RunCaptured(
-            wxString::Format("ttvsp %s %s -p=%d", comName, ctx.target.targetHost, ctx.project.vcpPort), output) != 0)
+    if (ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg(comName).Arg(ctx.target.targetHost).Arg(
+                              wxString::Format("-p=%d", ctx.project.vcpPort)),
+                          output) != 0)
         return fail(kCannotCreateVirtualPort);
     ctx.ui.WaitSeconds(2);
-    const wxString rebuild = wxString::Format("pfmux %s -wm=1 -wrl=1:1 -wmm=1 -wlm=%d -rl=%d", comName,
-                                              form.addressZeroSearch ? 0 : 1, RebuildLoopMask(form));
-    const wxString removePort = wxString::Format("ttvsp %s -d", comName);
+    const ToolCommand rebuild = ToolCommand("pfmux")
+                                    .Arg(comName)
+                                    .Arg("-wm=1")
+                                    .Arg("-wrl=1:1")
+                                    .Arg("-wmm=1")
+                                    .Arg(wxString::Format("-wlm=%d", form.addressZeroSearch ? 0 : 1))
+                                    .Arg(wxString::Format("-rl=%d", RebuildLoopMask(form)));
+    const ToolCommand removePort = ToolCommand("ttvsp").Arg(comName).Arg("-d");
     if (ctx.tools.RunCaptured(rebuild, output) != 0) {
         // "Unable communicate": the text as it has always read.
         ctx.ui.ShowMessage("Unable communicate with Multiplexer.");
@@ -82,7 +88,7 @@ bool RebuildMuxLoops(AppContext& ctx, MuxScanWindow& window)
     // No timeout and no cancel, on purpose: only the multiplexer ends the rebuild.
     for (;;) {
         output.clear();
-        ctx.tools.RunCaptured(wxString::Format("pfmux %s -rads", comName), output);
+        ctx.tools.RunCaptured(ToolCommand("pfmux").Arg(comName).Arg("-rads"), output);
         if (!output.empty() && RebuildComplete(output[0]))
             break;
         ctx.ui.PulseProgress(wxString());

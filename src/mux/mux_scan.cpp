@@ -121,7 +121,7 @@ bool ReadMuxDeviceList(AppContext& ctx, const wxString& comName, bool waitFirst,
         ctx.ui.WaitSeconds(2);
     for (int attempt = 1; attempt <= kListAttempts; ++attempt) {
         lines.clear();
-        if (ctx.tools.RunCaptured(wxString::Format("pfmux %s -rdl", comName), lines) == 0)
+        if (ctx.tools.RunCaptured(ToolCommand("pfmux").Arg(comName).Arg("-rdl"), lines) == 0)
             return true;
         if (attempt < kListAttempts && pause > 0)
             ctx.ui.WaitSeconds(pause);
@@ -134,7 +134,7 @@ bool MuxScanCommand(AppContext& ctx)
     wxArrayString output;
     {
         wxLogNull quiet;
-        if (ctx.tools.RunCaptured("ttvsp -g", output) == -1) {
+        if (ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg("-g"), output) == -1) {
             // The words missing from this text are missing from the original too.
             ctx.ui.ShowMessage("Multiplexor scanning TGxConnect software to be installed");
             return false;
@@ -188,7 +188,7 @@ bool MuxScanCommand(AppContext& ctx)
     }
     const wxString comName = freeNames[0];
     wxArrayString ignored;
-    if (ctx.tools.RunCaptured(wxString::Format("ttvsp %s %s -p=%d", comName, ctx.target.targetHost, project.vcpPort),
+    if (ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg(comName).Arg(ctx.target.targetHost).Arg(wxString::Format("-p=%d", project.vcpPort)),
                               ignored) != 0) {
         Fail(ctx, kCannotCreateVirtualPort);
         return false;
@@ -198,7 +198,7 @@ bool MuxScanCommand(AppContext& ctx)
     wxArrayString lines;
     const bool listed = ReadMuxDeviceList(ctx, comName, true, 2, lines);
     ctx.ui.EndProgress();
-    ctx.tools.RunCaptured(wxString::Format("ttvsp %s -d", comName), ignored);
+    ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg(comName).Arg("-d"), ignored);
     if (!listed) {
         ctx.ui.ShowMessage(kMuxNoContact);
         return false;

@@ -4,6 +4,8 @@
 // which platform it runs on.
 #pragma once
 
+#include "deploy/tool_command.h"
+
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
@@ -39,10 +41,10 @@ public:
     // The command line that runs `command` through the platform's shell with its standard output
     // redirected into `outputFile` (relative to the working directory of the run). Only command
     // lines the tool composes itself pass through here, never text a user typed.
-    virtual wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const = 0;
+    virtual ToolCommand RedirectedCommand(const wxString& command, const wxString& outputFile) const = 0;
     // The command line that runs `command` through the platform's shell, without redirection.
     // Only command lines the tool composes itself pass through here.
-    virtual wxString ShellCommand(const wxString& command) const = 0;
+    virtual ToolCommand ShellCommand(const wxString& command) const = 0;
 };
 
 // The implementation for the platform the tool was built for.

@@ -43,16 +43,6 @@ wxString ShellWord(const wxString& word)
     return "'" + quoted + "'";
 }
 
-// Quotes one argument for wxExecute, which splits a command line itself (no shell): inside
-// quotes a backslash still escapes the next character.
-wxString ExecuteArgument(const wxString& argument)
-{
-    wxString quoted = argument;
-    quoted.Replace("\\", "\\\\");
-    quoted.Replace("'", "\\'");
-    return "'" + quoted + "'";
-}
-
 }  // namespace
 
 PosixPlatform::PosixPlatform(const wxString& registryFile, ComPortProbe comPortProbe)
@@ -131,15 +121,15 @@ wxArrayString PosixPlatform::FreeComPortNames()
     return ScanFreeComPortNames(comPortProbe ? comPortProbe : TakenComPortListProbe());
 }
 
-wxString PosixPlatform::RedirectedCommand(const wxString& command, const wxString& outputFile) const
+ToolCommand PosixPlatform::RedirectedCommand(const wxString& command, const wxString& outputFile) const
 {
     // The shell's place is cmd.exe's: the same command and the same ">" into the file.
-    return "/bin/sh -c " + ExecuteArgument(command + " >" + ShellWord(outputFile));
+    return ToolCommand("/bin/sh").Arg("-c").Arg(command + " >" + ShellWord(outputFile));
 }
 
-wxString PosixPlatform::ShellCommand(const wxString& command) const
+ToolCommand PosixPlatform::ShellCommand(const wxString& command) const
 {
-    return "/bin/sh -c " + ExecuteArgument(command);
+    return ToolCommand("/bin/sh").Arg("-c").Arg(command);
 }
 
 std::unique_ptr<Platform> CreatePlatform()

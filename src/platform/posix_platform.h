@@ -20,8 +20,8 @@ public:
     void OpenWithDefaultApplication(const wxString& path) override;
     wxArrayString InstalledSoftwareQueries() const override { return wxArrayString(); }
     wxArrayString FreeComPortNames() override;
-    wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
-    wxString ShellCommand(const wxString& command) const override;
+    ToolCommand RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
+    ToolCommand ShellCommand(const wxString& command) const override;
 
     static wxString DefaultRegistryFile();
     // The INI group of a registry key: hive name and key parts joined by "/".

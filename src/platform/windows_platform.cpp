@@ -97,14 +97,14 @@ wxArrayString WindowsPlatform::FreeComPortNames()
     return ScanFreeComPortNames(ComNameOpens);
 }
 
-wxString WindowsPlatform::RedirectedCommand(const wxString& command, const wxString& outputFile) const
+ToolCommand WindowsPlatform::RedirectedCommand(const wxString& command, const wxString& outputFile) const
 {
-    return "cmd.exe /C " + command + " >" + RedirectionTarget(outputFile);
+    return ToolCommand::FixedLine("cmd.exe /C " + command + " >" + RedirectionTarget(outputFile));
 }
 
-wxString WindowsPlatform::ShellCommand(const wxString& command) const
+ToolCommand WindowsPlatform::ShellCommand(const wxString& command) const
 {
-    return "cmd.exe /C " + command;
+    return ToolCommand::FixedLine("cmd.exe /C " + command);
 }
 
 std::unique_ptr<Platform> CreatePlatform()

@@ -15,6 +15,6 @@ public:
     void OpenWithDefaultApplication(const wxString& path) override;
     wxArrayString InstalledSoftwareQueries() const override;
     wxArrayString FreeComPortNames() override;
-    wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
-    wxString ShellCommand(const wxString& command) const override;
+    ToolCommand RedirectedCommand(const wxString& command, const wxString& outputFile) const override;
+    ToolCommand ShellCommand(const wxString& command) const override;
 };

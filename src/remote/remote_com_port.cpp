@@ -39,7 +39,7 @@ bool RemoteComPortCommand(AppContext& ctx)
     wxLogNull quiet;  // a ttvsp that cannot be started shows its own message, not a log box
     const wxArrayString freeNames = ctx.platform.FreeComPortNames();
     wxArrayString output;
-    if (ctx.tools.RunCaptured("ttvsp -g", output) == -1) {
+    if (ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg("-g"), output) == -1) {
         ctx.ui.ShowMessage("Remote Coms Port functionality requires TGxConnect software to be installed");
         return false;
     }
@@ -62,7 +62,7 @@ bool RemoteComPortCommand(AppContext& ctx)
         address = kFactoryAddress;
         port = wxString::Format("%d", ctx.project.vcpPort);
         wxArrayString created;
-        if (ctx.tools.RunCaptured(wxString::Format("ttvsp \"%s\" \"%s\" \"-p=%d\"", comName, address, ctx.project.vcpPort),
+        if (ctx.tools.RunCaptured(ToolCommand("ttvsp").QuotedArg(comName).QuotedArg(address).QuotedArg(wxString::Format("-p=%d", ctx.project.vcpPort)),
                                   created) != 0) {
             ctx.ui.ShowMessage(kCannotCreateVirtualPort);
             return false;
@@ -76,9 +76,9 @@ bool RemoteComPortCommand(AppContext& ctx)
         return false;
     wxArrayString ignored;
     if (form.comName != comName)
-        ctx.tools.RunCaptured("ttvsp -d", ignored);
+        ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg("-d"), ignored);
     // Address and port go to ttvsp as typed.
-    if (ctx.tools.RunCaptured(wxString::Format("ttvsp %s %s -p=%s", form.comName, form.address, form.port), ignored) !=
+    if (ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg(form.comName).Arg(form.address).Arg("-p=" + form.port), ignored) !=
         0) {
         ctx.ui.ShowMessage("Unable to create virtual com port. Please ensure you have the latest version of TARN "
                            "tools installed");

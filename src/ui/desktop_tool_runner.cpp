@@ -24,16 +24,16 @@ bool ToolRunInProgress()
     return runsInProgress > 0;
 }
 
-long DesktopToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
+long DesktopToolRunner::RunCaptured(const ToolCommand& command, wxArrayString& output)
 {
     RunScope scope;
     wxBusyCursor busy;
     return WxToolRunner::RunCaptured(command, output);
 }
 
-long DesktopToolRunner::RunBlockingHidden(const wxString& command)
+long DesktopToolRunner::RunBlockingHidden(const ToolCommand& command)
 {
     RunScope scope;
     wxLogNull quiet;  // as WxToolRunner: the caller judges a tool that cannot be started
-    return wxExecute(command, wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE | wxEXEC_NODISABLE);
+    return ExecuteTool(command, wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE | wxEXEC_NODISABLE);
 }

@@ -6,9 +6,9 @@
 
 class DesktopToolRunner : public WxToolRunner {
 public:
-    long RunCaptured(const wxString& command, wxArrayString& output) override;
+    long RunCaptured(const ToolCommand& command, wxArrayString& output) override;
     // Still blocking and hidden, but with the toolkit's events processed meanwhile.
-    long RunBlockingHidden(const wxString& command) override;
+    long RunBlockingHidden(const ToolCommand& command) override;
 };
 
 // True while a DesktopToolRunner waits for a tool.

@@ -36,9 +36,12 @@ public:
     wxArrayString openedDocuments;
     wxArrayString InstalledSoftwareQueries() const override { return queries; }
     wxArrayString FreeComPortNames() override { return freeComPorts; }
-    wxString RedirectedCommand(const wxString& command, const wxString& outputFile) const override
+    ToolCommand RedirectedCommand(const wxString& command, const wxString& outputFile) const override
     {
-        return "cmd.exe /C " + command + " >" + outputFile;
+        return ToolCommand::FixedLine("cmd.exe /C " + command + " >" + outputFile);
     }
-    wxString ShellCommand(const wxString& command) const override { return "cmd.exe /C " + command; }
+    ToolCommand ShellCommand(const wxString& command) const override
+    {
+        return ToolCommand::FixedLine("cmd.exe /C " + command);
+    }
 };

@@ -1,10 +1,10 @@
 #include "fakes/scripted_tool_runner.h"
 
-ToolReply ScriptedToolRunner::Next(const wxString& command, RunMode mode)
+ToolReply ScriptedToolRunner::Next(const ToolCommand& command, RunMode mode)
 {
-    runs.push_back(ToolRun{command, mode, workingDirectory});
+    runs.push_back(ToolRun{command.CommandLine(), mode, workingDirectory, command.Arguments()});
     if (onRun)
-        onRun(command);
+        onRun(command.CommandLine());
     if (replies.empty())
         return fallback;
     ToolReply reply = replies.front();
@@ -12,19 +12,19 @@ ToolReply ScriptedToolRunner::Next(const wxString& command, RunMode mode)
     return reply;
 }
 
-long ScriptedToolRunner::RunCaptured(const wxString& command, wxArrayString& output)
+long ScriptedToolRunner::RunCaptured(const ToolCommand& command, wxArrayString& output)
 {
     const ToolReply reply = Next(command, RunMode::Captured);
     output = reply.lines;
     return reply.exitCode;
 }
 
-long ScriptedToolRunner::RunBlockingHidden(const wxString& command)
+long ScriptedToolRunner::RunBlockingHidden(const ToolCommand& command)
 {
     return Next(command, RunMode::BlockingHidden).exitCode;
 }
 
-long ScriptedToolRunner::RunDetached(const wxString& command)
+long ScriptedToolRunner::RunDetached(const ToolCommand& command)
 {
     return Next(command, RunMode::Detached).exitCode;
 }

@@ -15,9 +15,10 @@ struct ToolReply {
 };
 
 struct ToolRun {
-    wxString command;
+    wxString command;  // the command line
     RunMode mode;
     wxString workingDirectory;
+    std::vector<wxString> arguments;  // as the program receives them
 };
 
 class ScriptedToolRunner : public ToolRunner {
@@ -30,9 +31,9 @@ public:
     wxString workingDirectory;
     std::map<wxString, wxString> environment;
 
-    long RunCaptured(const wxString& command, wxArrayString& output) override;
-    long RunBlockingHidden(const wxString& command) override;
-    long RunDetached(const wxString& command) override;
+    long RunCaptured(const ToolCommand& command, wxArrayString& output) override;
+    long RunBlockingHidden(const ToolCommand& command) override;
+    long RunDetached(const ToolCommand& command) override;
     bool SetWorkingDirectory(const wxString& directory) override;
     void SetEnvironment(const wxString& name, const wxString& value) override;
 
@@ -43,5 +44,5 @@ public:
     std::function<void(const wxString& command)> onRun;
 
 private:
-    ToolReply Next(const wxString& command, RunMode mode);
+    ToolReply Next(const ToolCommand& command, RunMode mode);
 };

@@ -65,7 +65,7 @@ TEST_F(Simulator, CapturedOutputIsCutAtItsLimit)
 {
     ASSERT_EQ(Run("tgxsim fault add ttmbprint exit=3 output=a output=b repeat=140000").code, 0);
     wxArrayString lines;
-    EXPECT_EQ(WxToolRunner().RunCaptured("ttmbprint h -f=2", lines), 3);
+    EXPECT_EQ(WxToolRunner().RunCaptured(ToolCommand("ttmbprint").Arg("h").Arg("-f=2"), lines), 3);
     EXPECT_TRUE(lines.size() == kMaxCapturedLines && lines.Last() == "b");
 }
 

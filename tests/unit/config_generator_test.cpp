@@ -154,7 +154,7 @@ TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
 
 TEST(ConfigGeneratorCommand, JoinsWindowsPathsWithBackslashesInsideTheQuotes)
 {
-    EXPECT_EQ(TtbuildCommand("C:\\Program Files\\TGx\\tgxconfigure", "D:\\TG7 builds\\line 4", "\\"),
+    EXPECT_EQ(TtbuildCommand("C:\\Program Files\\TGx\\tgxconfigure", "D:\\TG7 builds\\line 4", "\\").CommandLine(),
         "ttbuild -s=BUILD -f=LINUX \"-i=C:\\Program Files\\TGx\\tgxconfigure\\INCLUDE\" "
         "\"-a=C:\\Program Files\\TGx\\tgxconfigure\\ADDITIONAL\" \"-o=D:\\TG7 builds\\line 4\" \"-c=config\"");
 }

@@ -3,6 +3,7 @@
 #ifndef __WINDOWS__
 
 #include "app/installation_environment.h"
+#include "deploy/tool_runner.h"
 #include "platform/posix_platform.h"
 #include "project/text_file.h"
 #include "temp_dir.h"
@@ -81,14 +82,14 @@ TEST(PosixShell, RedirectionThroughBinSh)
 {
     PosixPlatform platform("/nonexistent/registry.ini");
     // The map generation's line, with /bin/sh in cmd.exe's place.
-    EXPECT_EQ(platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd"),
-              "/bin/sh -c 'inifile _temp -p=../ADDITIONAL -mb >_temp.mbd'");
+    EXPECT_EQ(platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd").Arguments(),
+              (std::vector<wxString>{"/bin/sh", "-c", "inifile _temp -p=../ADDITIONAL -mb >_temp.mbd"}));
     // Quotes, backslashes and $ reach the shell intact; the command's exit code is the run's.
     TempDir dir;
     wxExecuteEnv env;
     env.cwd = dir.path;
     const wxString file = "it's a \"file\" $HOME.txt";
-    EXPECT_EQ(wxExecute(platform.RedirectedCommand("(printf '%s\\n' \"it's\" 'back\\slash'; exit 3)", file), wxEXEC_SYNC, nullptr, &env), 3);
+    EXPECT_EQ(ExecuteTool(platform.RedirectedCommand("(printf '%s\\n' \"it's\" 'back\\slash'; exit 3)", file), wxEXEC_SYNC, nullptr, &env), 3);
     wxArrayString lines;
     ASSERT_TRUE(ReadTextLines(dir.path + "/" + file, lines));
     EXPECT_EQ(lines, Lines({"it's", "back\\slash"}));

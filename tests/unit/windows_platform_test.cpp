@@ -5,6 +5,7 @@
 #ifdef __WINDOWS__
 
 #include "app/installation_environment.h"
+#include "deploy/tool_runner.h"
 #include "platform/windows_platform.h"
 #include "project/text_file.h"
 #include "temp_dir.h"
@@ -122,7 +123,7 @@ TEST(WindowsShell, RedirectionThroughCmdExe)
 {
     WindowsPlatform platform;
     // The map generation's line, as the tool has always run it.
-    EXPECT_EQ(platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd"),
+    EXPECT_EQ(platform.RedirectedCommand("inifile _temp -p=../ADDITIONAL -mb", "_temp.mbd").CommandLine(),
               "cmd.exe /C inifile _temp -p=../ADDITIONAL -mb >_temp.mbd");
 
     struct Case {
@@ -140,7 +141,7 @@ TEST(WindowsShell, RedirectionThroughCmdExe)
         TempDir dir;
         wxExecuteEnv env;
         env.cwd = dir.path;
-        EXPECT_EQ(wxExecute(platform.RedirectedCommand(c.command, c.file), wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE, nullptr, &env),
+        EXPECT_EQ(ExecuteTool(platform.RedirectedCommand(c.command, c.file), wxEXEC_SYNC | wxEXEC_HIDE_CONSOLE, nullptr, &env),
                   c.code);
         wxArrayString lines;
         ASSERT_TRUE(ReadTextLines(dir.path + "\\" + c.file, lines));
