@@ -289,6 +289,38 @@ bool IsRowList(const wxString& text, long highest)
     return !items.empty();
 }
 
+// A host or an address reaches the suite's tools as one argument of their command line; one that
+// could read as more than one, or as an option, is refused before anything runs.
+bool IsPlainHost(const wxString& host)
+{
+    if (host.empty() || host[0] == '-')
+        return false;
+    return std::none_of(host.begin(), host.end(), [](wxUniChar c) {
+        return c <= ' ' || c == 0x7F || c == '"' || c == '\'' || c == '`' || (c >= 0x80 && c < 0xA0);
+    });
+}
+
+// A TCP port: a number from 1 to 65535, digits only.
+bool IsPortNumber(const wxString& text)
+{
+    unsigned long port = 0;
+    return !text.empty() && text.find_first_not_of("0123456789") == wxString::npos && text.length() <= 5
+        && text.ToULong(&port) && port >= 1 && port <= 65535;
+}
+
+// HOST or HOST:PORT, split as the address prompt splits it: at the last colon.
+wxString TargetProblem(const wxString& option, const wxString& target)
+{
+    const int colon = target.Find(':', true);
+    const wxString host = colon == wxNOT_FOUND ? target : target.Left(colon);
+    if (!IsPlainHost(host))
+        return option + " must be HOST or HOST:PORT; the host may hold no blank, quote or control character "
+                        "and may not start with '-'";
+    if (colon != wxNOT_FOUND && !IsPortNumber(target.Mid(colon + 1)))
+        return "the PORT of " + option + " must be a number from 1 to 65535";
+    return wxString();
+}
+
 } // namespace
 
 ParsedCommandLine ParseCommandLine(const wxArrayString& args)
@@ -363,6 +395,16 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
         return usageError("NEW.prj cannot be a map file (.mbd)");
     if (command->command == CliCommand::Configure && given.Index("target") == wxNOT_FOUND)
         return usageError("configure needs --target=HOST[:PORT]");
+    if (!request.target.empty()) {
+        const wxString problem
+            = TargetProblem(given.Index("from-target") != wxNOT_FOUND ? "--from-target" : "--target", request.target);
+        if (!problem.empty())
+            return usageError(problem);
+    }
+    if (!request.address.empty() && !IsPlainHost(request.address))
+        return usageError("--address may hold no blank, quote or control character and may not start with '-'");
+    if (!request.port.empty() && !IsPortNumber(request.port))
+        return usageError("--port must be a number from 1 to 65535");
     if (request.format != "text" && request.format != "json")
         return usageError("--format must be text or json");
     if (command->command == CliCommand::Diff && (count == 2) == (given.Index("target") != wxNOT_FOUND))

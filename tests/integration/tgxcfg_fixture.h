@@ -3,6 +3,7 @@
 // (gateway/), with the simulator's tools first on PATH.
 #pragma once
 
+#include "deploy/tool_command.h"
 #include "project/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
@@ -11,6 +12,20 @@
 #include <wx/utils.h>
 
 #include <vector>
+
+// One argument of a command line that wxExecute splits back into the same argument: by the Windows
+// rules there, by the toolkit's own elsewhere (inside quotes a backslash escapes).
+inline wxString ExecuteArgument(const wxString& argument)
+{
+#ifdef __WINDOWS__
+    return ToolCommand(wxString()).QuotedArg(argument).CommandLine().Mid(1);
+#else
+    wxString quoted = argument;
+    quoted.Replace("\\", "\\\\");
+    quoted.Replace("\"", "\\\"");
+    return "\"" + quoted + "\"";
+#endif
+}
 
 struct CliRun {
     long status = -1;
@@ -41,9 +56,9 @@ protected:
         env.env["TGX_REGISTRY"] = registry;
         wxString command = "\"" TGX_CLI_BINARY "\"";
         if (!installationOption.empty())
-            command << " \"" << installationOption << "\"";
+            command << " " << ExecuteArgument(installationOption);
         for (const wxString& arg : args)
-            command << " \"" << arg << "\"";
+            command << " " << ExecuteArgument(arg);
         CliRun run;
         run.status = wxExecute(command, run.out, run.err, wxEXEC_SYNC | wxEXEC_NODISABLE, &env);
         return run;

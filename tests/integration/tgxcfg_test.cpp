@@ -14,6 +14,8 @@ class Tgxcfg : public TgxcfgScratch {};
 
 TEST_F(Tgxcfg, WrongUsageExitsWithTwoAndHelpAndVersionGoToStandardOutput)
 {
+    const char* const kBadTarget = "tgxcfg: --target must be HOST or HOST:PORT; the host may hold no blank, quote or "
+                                   "control character and may not start with '-'";
     const struct {
         std::vector<wxString> args;
         long status;
@@ -28,6 +30,14 @@ TEST_F(Tgxcfg, WrongUsageExitsWithTwoAndHelpAndVersionGoToStandardOutput)
         {{"show", "boiler_house.prj", "--software-path"}, 2, "tgxcfg: option '--software-path' needs a value"},
         {{"configure", "boiler_house.prj", "--yes"}, 2, "tgxcfg: configure needs --target=HOST[:PORT]"},
         {{"resave", "boiler_house.prj", "copy.mbd"}, 2, "tgxcfg: NEW.prj cannot be a map file (.mbd)"},
+        // Text that would reach the suite's tools as more than one argument, or as an option.
+        {{"configure", "boiler_house.prj", "--target=h\" -oProxyCommand=x \"y"}, 2, kBadTarget},
+        {{"reboot", "--target=-oProxyCommand=x"}, 2, kBadTarget},
+        {{"mux-rebuild", "--target=127.0.0.1 -d"}, 2, kBadTarget},
+        {{"fetch", "--target=127.0.0.1:22;touch x", "x.prj"}, 2, "tgxcfg: the PORT of --target must be a number from 1 to 65535"},
+        {{"import-map", "boiler_house.prj", "--from-target=h:65536"}, 2, "tgxcfg: the PORT of --from-target must be a number from 1 to 65535"},
+        {{"vcp", "--port=772 -d"}, 2, "tgxcfg: --port must be a number from 1 to 65535"},
+        {{"vcp", "--address=-d"}, 2, "tgxcfg: --address may hold no blank, quote or control character and may not start with '-'"},
         {{"--help"}, 0, "Usage: tgxcfg [--software-path=DIR] COMMAND [ARGUMENTS]"},
         {{"configure", "--help"}, 0,
             "Usage: tgxcfg [--software-path=DIR] configure PROJECT --target=HOST[:PORT] [--tag=TAG] [--yes]"},
