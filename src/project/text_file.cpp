@@ -6,10 +6,11 @@
 #include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/log.h>
-#include <wx/textfile.h>
+#include <wx/convauto.h>
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <string>
 
 #ifdef __WINDOWS__
@@ -53,10 +54,54 @@ void TakeMode(const wxString& temporary, const wxString& path)
 #endif
 }
 
-// Splits UTF-8 bytes (no BOM, no NUL) into lines at LF, CR LF and a lone CR, as wxTextFile
-// does, each line decoded as the whole file would be: a line end is a byte no character's
-// encoding holds. False at the first line that is not UTF-8.
-bool SplitUtf8Lines(const char* begin, const char* end, wxArrayString& lines)
+// Where the reader puts each line: Next() gives the string to fill, Done() takes it.
+class LineSink {
+public:
+    virtual ~LineSink() = default;
+    // About how many lines are coming.
+    virtual void Expect(std::size_t) {}
+    virtual wxString& Next() = 0;
+    // False: stop reading, the file is refused.
+    virtual bool Done() = 0;
+};
+
+// Every line handed on, none kept.
+class EachLine : public LineSink {
+public:
+    explicit EachLine(const std::function<void(const wxString&)>& take) : take(take) {}
+    wxString& Next() override { return line; }
+    bool Done() override
+    {
+        take(line);
+        return true;
+    }
+
+private:
+    const std::function<void(const wxString&)>& take;
+    wxString line;
+};
+
+// Every line kept, up to a limit.
+class KeptLines : public LineSink {
+public:
+    KeptLines(wxArrayString& lines, std::size_t maxLines) : lines(lines), maxLines(maxLines) {}
+    void Expect(std::size_t count) override { lines.Alloc(std::min(count, maxLines + 1)); }
+    wxString& Next() override
+    {
+        lines.Add(wxString());
+        return lines.Last();
+    }
+    bool Done() override { return lines.size() <= maxLines; }
+
+private:
+    wxArrayString& lines;
+    std::size_t maxLines;
+};
+
+// Splits UTF-8 bytes (no BOM, no NUL, known to be UTF-8) into lines at LF, CR LF and a lone CR,
+// as wxTextFile does; a line end is a byte no character's encoding holds. False when the sink
+// refused a line.
+bool SplitUtf8Lines(const char* begin, const char* end, LineSink& sink)
 {
     // The next CR and the next LF, each found with memchr and looked for again once passed.
     const auto next = [end](const char* from, char c) {
@@ -77,20 +122,12 @@ bool SplitUtf8Lines(const char* begin, const char* end, wxArrayString& lines)
             wide[i] = static_cast<wchar_t>(static_cast<unsigned char>(start[i]));
         }
         if (high < 0x80) {
-            lines.Add(wxString());
-            lines.Last().assign(wide.data(), wide.size());
+            sink.Next().assign(wide.data(), wide.size());
         } else {
-            const std::size_t characters = wxConvUTF8.ToWChar(nullptr, 0, start, length);
-            if (characters == wxCONV_FAILED)
-                return false;
-            wxString line;
-            {
-                wxStringBuffer buffer(line, characters);
-                wxConvUTF8.ToWChar(buffer, characters, start, length);
-            }
-            line.Truncate(characters);
-            lines.Add(EncodableText(line));  // damaged bytes must not stop a later save
+            sink.Next() = EncodableText(wxString::FromUTF8(start, length));  // damaged bytes must not stop a save
         }
+        if (!sink.Done())
+            return false;
         if (stop == end)
             break;
         start = stop + (*stop == '\r' && stop + 1 != end && stop[1] == '\n' ? 2 : 1);
@@ -102,64 +139,120 @@ bool SplitUtf8Lines(const char* begin, const char* end, wxArrayString& lines)
     return true;
 }
 
-// Any other encoding (a BOM other than UTF-8's, bytes that are not UTF-8, NUL bytes) as wxTextFile
-// reads it: rare, so the file is simply read once more.
-bool ReadOtherEncoding(const wxString& path, wxArrayString& lines)
+// Any other encoding (a BOM other than UTF-8's, bytes that are not UTF-8, NUL bytes) decoded as
+// wxTextFile decodes it (wxConvAuto: the BOM's encoding, else UTF-8, else Latin-1) and split as
+// it splits, without its copy of every line. False when it cannot be decoded or the sink refused.
+bool SplitOtherEncoding(const std::string& bytes, LineSink& sink)
 {
-    lines.Clear();
-    wxTextFile file;
-    if (!file.Open(path))
+    const wxString text(bytes.data(), wxConvAuto(), bytes.size());
+    if (bytes.size() > 4 && text.empty())
         return false;
-    lines.Alloc(file.GetLineCount());
-    for (size_t i = 0; i < file.GetLineCount(); ++i)
-        lines.Add(EncodableText(file[i]));  // damaged bytes must not stop a later save
+    const wxStringCharType* const chars = text.wx_str();
+    const std::size_t length = text.length();
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        if (chars[i] != '\r' && chars[i] != '\n')
+            continue;
+        sink.Next() = EncodableText(wxString(chars + start, i - start));  // damaged text must not stop a save
+        if (!sink.Done())
+            return false;
+        if (chars[i] == '\r' && i + 1 < length && chars[i + 1] == '\n')
+            ++i;
+        start = i + 1;
+    }
+    if (start < length) {
+        sink.Next() = EncodableText(wxString(chars + start, length - start));
+        return sink.Done();
+    }
     return true;
 }
 
-}  // namespace
-
-// The whole file is read in one call and split without wxTextFile: for a 65,536-line map,
-// wxTextFile's wide copies of the file and its line array took twenty times the reading itself.
-// The lines are the same: UTF-8 (with or without its BOM) is what the tool writes and nearly
-// every file it reads; whatever else a file holds is read by wxTextFile as before.
-bool ReadTextLines(const wxString& path, wxArrayString& lines)
+// The whole file read in one call. Missing: no such file; Refused: anything else that stops it.
+TextFileRead ReadBytes(const wxString& path, std::string& bytes)
 {
-    lines.Clear();
     wxLogNull quiet;  // callers decide what an unreadable file means
-    if (!wxFileExists(path) || wxFileName::GetSize(path) > kMaxTextFileBytes)
-        return false;
+    if (wxDirExists(path))
+        return TextFileRead::Refused;
+    if (!wxFileExists(path))
+        return TextFileRead::Missing;
+    if (wxFileName::GetSize(path) > kMaxTextFileBytes)
+        return TextFileRead::Refused;
     wxFile file;
     if (!file.Open(path))
-        return false;
+        return TextFileRead::Refused;
     const wxFileOffset length = file.Length();
     if (length < 0 || static_cast<unsigned long long>(length) > kMaxTextFileBytes)
-        return false;
-    std::string bytes(static_cast<std::size_t>(length), '\0');
+        return TextFileRead::Refused;
+    bytes.assign(static_cast<std::size_t>(length), '\0');
     std::size_t got = 0;
     while (got < bytes.size()) {
         const ssize_t count = file.Read(&bytes[got], bytes.size() - got);
         if (count == wxInvalidOffset)
-            return false;
+            return TextFileRead::Refused;
         if (count == 0)
             break;
         got += static_cast<std::size_t>(count);
     }
     bytes.resize(got);
-    file.Close();
+    return TextFileRead::Read;
+}
 
-    const char* begin = bytes.data();
-    const char* const end = begin + bytes.size();
+// True when the bytes are UTF-8 without NUL: ASCII found at once, anything else decoded once.
+bool IsPlainUtf8(const char* begin, const char* end)
+{
+    unsigned char high = 0;
+    bool nul = false;
+    for (const char* c = begin; c != end; ++c) {
+        high |= static_cast<unsigned char>(*c);
+        nul |= *c == '\0';
+    }
+    if (nul)
+        return false;
+    return high < 0x80 || wxConvUTF8.ToWChar(nullptr, 0, begin, static_cast<std::size_t>(end - begin)) != wxCONV_FAILED;
+}
+
+// The file's lines into the sink: UTF-8 (with or without its BOM), what the tool writes and nearly
+// every file it reads, is split as it stands; whatever else a file holds is decoded first.
+TextFileRead ReadLines(const wxString& path, LineSink& sink)
+{
+    std::string bytes;
+    const TextFileRead read = ReadBytes(path, bytes);
+    if (read != TextFileRead::Read)
+        return read;
     const bool utf8Bom = bytes.size() >= 3 && bytes.compare(0, 3, "\xEF\xBB\xBF") == 0;
-    if (utf8Bom)
-        begin += 3;
-    // A NUL byte, or a first byte that may start another BOM (00, FE, FF), leaves it to wxTextFile.
-    const bool plain = bytes.find('\0') == std::string::npos && (utf8Bom || bytes.empty() ||
-        (static_cast<unsigned char>(bytes[0]) != 0xFE && static_cast<unsigned char>(bytes[0]) != 0xFF));
+    const char* const begin = bytes.data() + (utf8Bom ? 3 : 0);
+    const char* const end = bytes.data() + bytes.size();
+    // A first byte that may start another BOM (00, FE, FF) leaves it to wxConvAuto.
+    const bool otherBom = !utf8Bom && !bytes.empty() &&
+        (static_cast<unsigned char>(bytes[0]) == 0xFE || static_cast<unsigned char>(bytes[0]) == 0xFF);
     // Mostly ASCII lines: about as many lines as the file has 40-byte stretches.
-    lines.Alloc(bytes.size() / 40 + 1);
-    if (plain && SplitUtf8Lines(begin, end, lines))
-        return true;
-    return ReadOtherEncoding(path, lines);
+    sink.Expect(bytes.size() / 40 + 1);
+    const bool split = !otherBom && IsPlainUtf8(begin, end) ? SplitUtf8Lines(begin, end, sink)
+                                                            : SplitOtherEncoding(bytes, sink);
+    return split ? TextFileRead::Read : TextFileRead::Refused;
+}
+
+}  // namespace
+
+TextFileRead ReadTextFile(const wxString& path, const std::function<void(const wxString&)>& line)
+{
+    EachLine each(line);
+    return ReadLines(path, each);
+}
+
+TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_t maxLines)
+{
+    wxArrayString read;
+    KeptLines kept(read, maxLines);
+    const TextFileRead result = ReadLines(path, kept);
+    if (result == TextFileRead::Read)
+        lines.swap(read);
+    return result;
+}
+
+bool ReadTextLines(const wxString& path, wxArrayString& lines)
+{
+    return ReadTextFile(path, lines) == TextFileRead::Read;
 }
 
 bool WriteTextLines(const wxString& path, const wxArrayString& lines)

@@ -4,15 +4,34 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
+#include <cstddef>
+#include <functional>
+
 // The largest text file the tool reads: four times the largest map file (65,536 lines), far more
 // than any project, map or device type file holds. A larger file is refused as unreadable, so
 // that a damaged or wrong file cannot take the memory of the machine (reading takes about
 // eighteen times the file's size).
 constexpr unsigned long long kMaxTextFileBytes = 16ull << 20;
 
-// Clears `lines` and adds every line of the file, the encoding detected and CR LF or LF line
-// ends accepted. False when the file does not exist, cannot be opened or is larger than
-// kMaxTextFileBytes (lines then empty).
+// The most lines a file read whole into memory may hold: the largest map the gateway takes. Only
+// maps are kept whole; project and device-type files are read line by line, whatever their count.
+constexpr std::size_t kMaxTextFileLines = 65536;
+
+// What reading a text file came to. Refused: the file is there but cannot be read (no permission,
+// a folder, larger than kMaxTextFileBytes, more lines than the reader keeps, not decodable), which
+// is not the same as a file that is not there.
+enum class TextFileRead { Read, Missing, Refused };
+
+// Hands every line of the file to `line`, in order, keeping none: the encoding detected (UTF-8
+// with or without its BOM, UTF-16 and UTF-32 with theirs, anything else as Latin-1), and LF,
+// CR LF or a lone CR ending a line. Memory: the file's bytes and one line.
+TextFileRead ReadTextFile(const wxString& path, const std::function<void(const wxString& line)>& line);
+
+// Replaces `lines` with every line of the file, read as above, when the file holds at most
+// `maxLines`; otherwise (and when it cannot be read) `lines` stays as it was.
+TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_t maxLines = kMaxTextFileLines);
+
+// ReadTextFile(path, lines) == TextFileRead::Read.
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 
 // Writes the lines, each ended with CR LF on every platform, so that files made on Linux are

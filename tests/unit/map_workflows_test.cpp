@@ -181,7 +181,8 @@ TEST_F(MapWorkflow, ImportFromDeviceFallsBackToThePrintedMap)
 
 TEST_F(MapWorkflow, ImportFromProjectTriesMbdThenMbAndSavesInEveryCaseAndExportAsksForItsFile)
 {
-    const char* const cases[][3] = {{"NEW", "OLDER", "NEW"}, {nullptr, nullptr, nullptr}, {nullptr, "OLDER", "OLDER"}};
+    // A project without a map leaves the open map as it was (saved again, unchanged).
+    const char* const cases[][3] = {{"NEW", "OLDER", "NEW"}, {nullptr, nullptr, "NEW"}, {nullptr, "OLDER", "OLDER"}};
     for (const auto& c : cases) {
         wxFileName::Rmdir(dir.path + "/other", wxPATH_RMDIR_RECURSIVE);
         for (int i = 0; i < 2; ++i)
