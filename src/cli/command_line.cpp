@@ -54,7 +54,9 @@ const CommandEntry kCommands[] = {
         "run as meant: duplicate poll addresses or ones above 63, device types not in ct.cfg, long\n"
         "addresses that are not 10 characters in multiplexer mode, command numbers above 255, cycle\n"
         "intervals below 1, more than 8 arguments, port numbers outside 1..65535 or used twice, tag\n"
-        "names that Configure would refuse or cut, map lines without seven fields.\n"
+        "names that Configure would refuse or cut, map lines without seven fields, a key or a device\n"
+        "block given again with other values (the last line wins), values the tool never writes\n"
+        "(MODE, the serial port's settings, polling deferral, 0/1 switches and flags, ENABLE).\n"
         "Prints nothing and exits with 0 when it finds nothing; exits with 1 when it does.\n"
         "With --format=json: one JSON document listing the problems, also when there is none.\n"},
     {"diff", CliCommand::Diff, 1, {"A.prj", "B.prj"}, {{"target", true}, {"format", true}},

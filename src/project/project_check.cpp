@@ -3,13 +3,15 @@
 #include "app/device_type_table.h"
 #include "deploy/configure_device.h"
 #include "project/number_text.h"
+#include "project/panel_view.h"
 #include "project/project.h"
 #include "project/project_file.h"
 
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <set>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -18,6 +20,8 @@ constexpr int kMaxPollAddress = 63;
 constexpr int kMaxCommandNumber = 255;
 constexpr size_t kLongAddressLength = 10;
 constexpr int kMapFields = 7;
+// The device dialog writes bit 0 (enabled for polling) and bit 1 (auto addressing).
+constexpr int kMaxEnableValue = 3;
 
 // Where the reader found each value: the last line of a key wins, as it does in the reader.
 struct Locations {
@@ -53,9 +57,18 @@ public:
     std::vector<ProjectProblem> problems;
 
 private:
+    // A device's FOR DEVICE line and the commands its block gives, as loaded.
+    struct Block {
+        int line;
+        wxString commands;
+    };
+
     void Add(int line, const wxString& text) { problems.push_back({false, line, text}); }
+    void Note(const wxString& subject, int anchor, int line, const wxString& value);
     void ScanNumbers(int line, const wxString& key, const wxString& value);
-    void ScanDeviceLine(int line, const wxString& key);
+    void ScanDeviceLine(int line, const wxString& key, const wxString& value);
+    void CheckRepeats();
+    void CheckChoices();
     void CheckTagName();
     void CheckPorts();
     void CheckDevices();
@@ -69,6 +82,10 @@ private:
     int commandCount[MAX_DEVICES] = {};
     int lastCommand = -1;
     bool commandInBlock = false;
+    // Each value a key was given, by subject ("MODE", "device 0: TYPE") and, for CMDARGS, the
+    // line of its HARTCMD; in the order of the lines, so the last one is the one loaded.
+    std::map<std::pair<wxString, int>, std::vector<std::pair<int, wxString>>> given;
+    std::vector<Block> blocks[MAX_DEVICES];
 };
 
 bool IsBinary(const wxString& line)
@@ -76,11 +93,39 @@ bool IsBinary(const wxString& line)
     return std::any_of(line.begin(), line.end(), [](wxUniChar c) { return c < 0x20 && c != '\t'; });
 }
 
+// A HARTCMD or CMDARGS value as loaded: each value a number (one that does not convert as 0), a
+// HARTCMD of three values with the write flag 0 that the reader gives it.
+wxString LoadedNumbers(const wxArrayString& tokens, bool command)
+{
+    wxString text;
+    for (const wxString& token : tokens) {
+        int number = 0;
+        ParseWholeInt(token, number);
+        text << number << ' ';
+    }
+    if (command && tokens.size() == 3)
+        text << "0 ";
+    return text;
+}
+
+// "A or B", "A, B or C".
+wxString Alternatives(const std::vector<wxString>& values)
+{
+    wxString text = values.front();
+    for (size_t i = 1; i < values.size(); ++i)
+        text << (i + 1 == values.size() ? " or " : ", ") << values[i];
+    return text;
+}
+
+void Checker::Note(const wxString& subject, int anchor, int line, const wxString& value)
+{
+    given[{subject, anchor}].emplace_back(line, value);
+}
+
 bool Checker::ScanFile(const wxArrayString& lines)
 {
     bool known = false;
     int deviceCountLine = 0;
-    std::set<int> blocks;
     for (size_t i = 0; i < lines.size(); ++i) {
         const int line = static_cast<int>(i) + 1;
         if (IsBinary(lines[i])) {
@@ -102,7 +147,7 @@ bool Checker::ScanFile(const wxArrayString& lines)
             continue;
         }
         if (key == "DEVICE COUNT:") {
-            continue;
+            Note(name, 0, line, wxString::Format("%d", number));
         } else if (key == "FOR DEVICE:") {
             currentDevice = number;
             commandInBlock = false;
@@ -110,41 +155,45 @@ bool Checker::ScanFile(const wxArrayString& lines)
                 Add(line, wxString::Format("device %d is outside 0..15: its lines are ignored", number));
                 continue;
             }
-            blocks.insert(number);
+            blocks[number].push_back({line, wxString()});
             where.forDevice[number] = line;
             commandCount[number] = 0;
         } else if (kind == ProjectValueKind::Numbers) {
             ScanNumbers(line, key, value);
         } else {
-            ScanDeviceLine(line, key);
+            ScanDeviceLine(line, key, kind == ProjectValueKind::Number ? wxString::Format("%d", number) : value);
         }
     }
     if (!known) {
         problems = {{false, 1, "not a project file: no line holds a known setting"}};
         return false;
     }
+    const int devices = static_cast<int>(
+        std::count_if(std::begin(blocks), std::end(blocks), [](const auto& list) { return !list.empty(); }));
     if (deviceCountLine == 0)
-        Add(0, wxString::Format("DEVICE COUNT is missing: none of the %d device blocks is loaded",
-                                static_cast<int>(blocks.size())));
-    else if (project.deviceCount != static_cast<int>(blocks.size()))
+        Add(0, wxString::Format("DEVICE COUNT is missing: none of the %d device blocks is loaded", devices));
+    else if (project.deviceCount != devices)
         Add(deviceCountLine, wxString::Format("DEVICE COUNT %d does not match the %d device block%s",
-                                              project.deviceCount, static_cast<int>(blocks.size()),
-                                              blocks.size() == 1 ? "" : "s"));
+                                              project.deviceCount, devices, devices == 1 ? "" : "s"));
     return true;
 }
 
 // The device keys apply to the current device; every other key is a setting of the project.
-void Checker::ScanDeviceLine(int line, const wxString& key)
+void Checker::ScanDeviceLine(int line, const wxString& key, const wxString& value)
 {
-    static const std::set<wxString> deviceKeys = {"DEVICE NAME:", "TYPE:", "POLL ADDRESS:", "LONG ADDRESS:", "ENABLE:"};
-    if (deviceKeys.count(key) == 0) {
+    static const wxString deviceKeys[] = {"DEVICE NAME:", "TYPE:", "POLL ADDRESS:", "LONG ADDRESS:", "ENABLE:"};
+    const wxString name = key.BeforeLast(':');
+    if (std::find(std::begin(deviceKeys), std::end(deviceKeys), key) == std::end(deviceKeys)) {
         where.settings[key] = line;
+        Note(name, 0, line, value);
         return;
     }
-    if (currentDevice == -1)
-        Add(line, key.BeforeLast(':') + " before any FOR DEVICE line: ignored");
-    else if (currentDevice >= 0 && currentDevice < MAX_DEVICES)
+    if (currentDevice == -1) {
+        Add(line, name + " before any FOR DEVICE line: ignored");
+    } else if (currentDevice >= 0 && currentDevice < MAX_DEVICES) {
         where.device[currentDevice][key] = line;
+        Note(wxString::Format("device %d: ", currentDevice) + name, 0, line, value);
+    }
 }
 
 void Checker::ScanNumbers(int line, const wxString& key, const wxString& value)
@@ -163,10 +212,15 @@ void Checker::ScanNumbers(int line, const wxString& key, const wxString& value)
             Add(line, wxString::Format("%s value \"%s\" is not a whole number: %s", name, token,
                                        key == "CMDARGS:" ? "0 is loaded" : "it is not loaded"));
     if (key == "CMDARGS:") {
-        if (!commandInBlock)
+        if (!commandInBlock) {
             Add(line, "CMDARGS before any HARTCMD of its device: ignored");
-        else if (lastCommand >= 0)
+        } else if (lastCommand >= 0) {
             where.cmdArgs[d][lastCommand] = line;
+            const wxString loaded = LoadedNumbers(tokens, false);
+            blocks[d].back().commands << "CMDARGS:" << loaded;
+            Note(wxString::Format("device %d command %d: CMDARGS", d, lastCommand), where.hartCmd[d][lastCommand],
+                 line, loaded);
+        }
         return;
     }
     if (commandCount[d] >= MAX_COMMANDS) {
@@ -183,14 +237,82 @@ void Checker::ScanNumbers(int line, const wxString& key, const wxString& value)
     lastCommand = commandCount[d]++;
     commandInBlock = true;
     where.hartCmd[d][lastCommand] = line;
+    blocks[d].back().commands << "HARTCMD:" << LoadedNumbers(tokens, true);
 }
 
 void Checker::CheckValues()
 {
+    CheckRepeats();
+    CheckChoices();
     CheckTagName();
     CheckPorts();
     CheckDevices();
     CheckMapLines();
+}
+
+// The reader takes the last line of a key without a word; a value given again alike changes nothing.
+void Checker::CheckRepeats()
+{
+    for (const auto& [subject, values] : given) {
+        const auto& [wins, loaded] = values.back();
+        for (size_t i = 0; i + 1 < values.size(); ++i)
+            if (values[i].second != loaded)
+                Add(values[i].first, wxString::Format("%s given again on line %d with another value: line %d wins",
+                                                      subject.first, wins, wins));
+    }
+    // A device's block given again starts its commands afresh; the other keys of the earlier block
+    // stay unless the later block gives them again.
+    for (int d = 0; d < MAX_DEVICES; ++d) {
+        if (blocks[d].size() < 2)
+            continue;
+        const Block& last = blocks[d].back();
+        for (size_t i = 0; i + 1 < blocks[d].size(); ++i)
+            if (!blocks[d][i].commands.empty() && blocks[d][i].commands != last.commands)
+                Add(blocks[d][i].line, wxString::Format("FOR DEVICE %d given again on line %d: this block's commands "
+                                                        "are dropped", d, last.line));
+        // Yet a command slot keeps the arguments an earlier block gave it, unless a CMDARGS of its own
+        // replaces them.
+        for (int c = 0; c < std::min(commandCount[d], MAX_COMMANDS); ++c) {
+            const int argsLine = where.cmdArgs[d][c];
+            if (argsLine != 0 && argsLine < last.line && project.devices[d].commands[c].argCount > 0)
+                Add(where.hartCmd[d][c], wxString::Format("device %d command %d: has no CMDARGS but is loaded with "
+                                                          "those of line %d, from an earlier block", d, c, argsLine));
+        }
+    }
+}
+
+// The values the panel, the dialogs and the defaults write (among them the multiplexer default
+// parity "ODD"), and the two bridge modes, which the tool keeps and configures but offers no way
+// to choose. Any other value the tool could not have written.
+void Checker::CheckChoices()
+{
+    const auto check = [&](const char* name, const wxString& value, bool text, const std::vector<wxString>& allowed) {
+        if (std::find(allowed.begin(), allowed.end(), value) == allowed.end())
+            Add(where.Setting((wxString(name) + ":").c_str()),
+                wxString::Format("%s %s is not %s", name, text ? "\"" + value + "\"" : value, Alternatives(allowed)));
+    };
+    const auto text = [&](const char* name, const char* field, const std::vector<wxString>& allowed) {
+        check(name, GetText(field), true, allowed);
+    };
+    const auto number = [&](const char* name, int field, const std::vector<wxString>& allowed) {
+        check(name, wxString::Format("%d", field), false, allowed);
+    };
+    const std::vector<wxString> offOn = {"0", "1"};
+    const auto list = [](const auto& choices) { return std::vector<wxString>(std::begin(choices), std::end(choices)); };
+    text("MODE", project.mode, {"GATEWAY", "MULTIPLEXOR", "BRIDGE SERVER", "BRIDGE CLIENT"});
+    number("TMS ENABLE", project.timeServerEnable, offOn);
+    number("TGX PRIMARY MASTER", project.primaryMaster, offOn);
+    text("POLLING DEFERRAL MODE", project.pollingDeferralMode, {"NONE", "PARTIAL", "FULL"});
+    text("SERIAL PORT FUNCTION", project.serialPortFunction, {"MODEM", "MODBUS"});
+    text("SERIAL PORT TYPE", project.serialPortType, list(kInterfaceStandardChoices));
+    number("SERIAL PORT BAUDRATE", project.serialBaudRate, list(kBaudRateChoices));
+    text("SERIAL PORT PARITY", project.serialParity, {"NOPARITY", "ODDPARITY", "EVENPARITY", "ODD"});
+    number("SERIAL PORT STOPBITS", project.serialStopBits, list(kStopBitChoices));
+    number("AUTOMATIC MODBUS MAP", project.automaticModbusMap, offOn);
+    number("MODBUS FLOAT SWAP BYTES", project.floatSwapBytes, offOn);
+    number("MODBUS FLOAT SWAP WORDS", project.floatSwapWords, offOn);
+    number("MODBUS FLOAT SWAP LONGS", project.floatSwapLongs, offOn);
+    number("MODBUS NAN CTRL", project.nanControl, offOn);
 }
 
 void Checker::CheckTagName()
@@ -261,6 +383,8 @@ void Checker::CheckDevices()
         const wxString type = GetText(device.typeName);
         if (!IsKnownType(deviceTypes, type))
             Add(where.Device(d, "TYPE:"), who + wxString::Format("device type \"%s\" is not in ct.cfg", type));
+        if (device.enabled < 0 || device.enabled > kMaxEnableValue)
+            Add(where.Device(d, "ENABLE:"), who + wxString::Format("enable value %d is outside 0..3", device.enabled));
         const wxString longAddress = GetText(device.longAddress);
         if (multiplexer && longAddress.length() != kLongAddressLength)
             Add(where.Device(d, "LONG ADDRESS:"),
@@ -280,6 +404,11 @@ void Checker::CheckCommands(int d)
             Add(line, who + wxString::Format("command number %d is outside 0..255", command.commandNumber));
         if (command.cycleInterval < 1)
             Add(line, who + wxString::Format("cycle interval %d is below 1", command.cycleInterval));
+        // The command dialog writes both flags as 0 or 1.
+        if (command.pollEnabled != 0 && command.pollEnabled != 1)
+            Add(line, who + wxString::Format("polling flag %d is not 0 or 1", command.pollEnabled));
+        if (command.writeCommand != 0 && command.writeCommand != 1)
+            Add(line, who + wxString::Format("write flag %d is not 0 or 1", command.writeCommand));
         if (command.argCount > MAX_COMMAND_ARGS)
             Add(where.cmdArgs[d][c], who + wxString::Format("%d arguments: only the first 8 are kept", command.argCount));
     }

@@ -189,13 +189,23 @@ TEST_F(Tgxcfg, CheckReportsEachProblemWithItsLine)
     for (int c = 0; c < 52; ++c)
         tooMany.Add(wxString::Format("HARTCMD:%d 1 1 0", c));
     Write("many.prj", tooMany);
+    // Values the tool writes, and keys given again alike: nothing to report.
     Write("limits.prj", Lines({"TGX TAGNAME:Line4Nth", "VCP PORT NUMBER:1", "HARTIPTCP PORT NUMBER:65535",
-            "DEVICE COUNT:2", "FOR DEVICE:0", "TYPE:Generic", "POLL ADDRESS:63", "HARTCMD:255 1 1 0",
-            "CMDARGS:1 2 3 4 5 6 7 8", "FOR DEVICE:1", "TYPE:Generic", "POLL ADDRESS:0", "HARTCMD:0 1 0 1"}));
+            "MODE:BRIDGE CLIENT", "SERIAL PORT PARITY:ODD", "SERIAL PORT PARITY:ODD", "SERIAL PORT STOPBITS:2",
+            "SERIAL PORT BAUDRATE:115200", "DEVICE COUNT:2", "FOR DEVICE:0", "TYPE:Generic", "POLL ADDRESS:63",
+            "ENABLE:3", "HARTCMD:255 1 1 0", "CMDARGS:1 2 3 4 5 6 7 8", "FOR DEVICE:1", "TYPE:Generic",
+            "POLL ADDRESS:0", "HARTCMD:0 1 0 1", "FOR DEVICE:1", "HARTCMD:0 1 0 1"}));
     Write("limits.mbd", Lines({"HOLDING,40001,,FLOAT,PV,,2"}));
     Write("mux.prj", Lines({"TGX TAGNAME:MUX1", "MODE:MULTIPLEXOR", "DEVICE COUNT:2", "FOR DEVICE:0", "TYPE:KFD2",
             "POLL ADDRESS:99", "LONG ADDRESS:0000000000", "FOR DEVICE:1", "TYPE:Generic", "POLL ADDRESS:99",
             "LONG ADDRESS:12345"}));
+    Write("twice.prj", Lines({"MODE:GATEWAY", "MODE:MULTIPLEXOR", "DEVICE COUNT:2", "FOR DEVICE:0", "TYPE:Generic",
+            "POLL ADDRESS:1", "HARTCMD:9 1 1 0", "CMDARGS:1 2", "CMDARGS:1 2 3", "POLL ADDRESS:2", "MODE:GATEWAY",
+            "DEVICE COUNT:1"}));
+    Write("blocks.prj", Lines({"DEVICE COUNT:1", "FOR DEVICE:0", "TYPE:Generic", "HARTCMD:9 1 1 0", "CMDARGS:1 2",
+            "FOR DEVICE:0", "HARTCMD:3 1 1 0"}));
+    Write("ranges.prj", Lines({"MODE:BRIDGE", "SERIAL PORT BAUDRATE:1200", "AUTOMATIC MODBUS MAP:7", "DEVICE COUNT:1",
+            "FOR DEVICE:0", "TYPE:Generic", "ENABLE:4", "HARTCMD:3 1 2 5"}));
     Write("words.prj", Lines({"Dear engineer,", "the gateway is in the cabinet."}));
     Write("binary.prj", Lines({"PK\x03\x04MODE:GATEWAY"}));
     const struct {
@@ -223,6 +233,20 @@ TEST_F(Tgxcfg, CheckReportsEachProblemWithItsLine)
         {"many.prj", Lines({"many.prj:54: device 0 has more than 50 commands: this and later ones are ignored"})},
         // The multiplexer reaches its devices by long address: poll addresses do not matter there.
         {"mux.prj", Lines({"mux.prj:11: device 1: long address \"12345\" is not 10 characters"})},
+        // The reader takes the last line of a key without a word.
+        {"twice.prj", Lines({"twice.prj:2: MODE given again on line 11 with another value: line 11 wins",
+            "twice.prj:3: DEVICE COUNT given again on line 12 with another value: line 12 wins",
+            "twice.prj:6: device 0: POLL ADDRESS given again on line 10 with another value: line 10 wins",
+            "twice.prj:8: device 0 command 0: CMDARGS given again on line 9 with another value: line 9 wins"})},
+        {"blocks.prj", Lines({"blocks.prj:2: FOR DEVICE 0 given again on line 6: this block's commands are dropped",
+            "blocks.prj:7: device 0 command 0: has no CMDARGS but is loaded with those of line 5, "
+            "from an earlier block"})},
+        {"ranges.prj", Lines({"ranges.prj:1: MODE \"BRIDGE\" is not GATEWAY, MULTIPLEXOR, BRIDGE SERVER or "
+            "BRIDGE CLIENT", "ranges.prj:2: SERIAL PORT BAUDRATE 1200 is not 4800, 9600, 19200, 38400, 57600, 76800 "
+            "or 115200", "ranges.prj:3: AUTOMATIC MODBUS MAP 7 is not 0 or 1",
+            "ranges.prj:7: device 0: enable value 4 is outside 0..3",
+            "ranges.prj:8: device 0 command 0: polling flag 2 is not 0 or 1",
+            "ranges.prj:8: device 0 command 0: write flag 5 is not 0 or 1"})},
         {"words.prj", Lines({"words.prj:1: not a project file: no line holds a known setting"})},
         {"binary.prj", Lines({"binary.prj:1: not a project file: binary content"})},
         {"limits.prj", {}}, {"boiler_house.prj", {}}, {"tank_farm_mux.prj", {}},
