@@ -28,9 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     ParseDeviceTypeLine("DEV_TYPE KFD2 k.ini k1.ini k2.ini k3.ini km.ini", t.deviceTypes);
     if (!made || ReadProjectFromDisk(t.ctx, path) != ProjectReadResult::Read)
         return 0;
-    wxArrayString fileLines;
-    ReadTextLines(path, fileLines);
-    CheckProject(t.project, t.deviceTypes, fileLines);
+    CheckProject(t.project, t.deviceTypes, wxString(path));
     DeviceListLines(t.project);
     CommandListLines(t.project);
     BuildPanelView(t.project);

@@ -37,15 +37,8 @@ void ParseDeviceTypeLine(const wxString& line, DeviceTypeTable& table)
     ++table.deviceTypeCount;
 }
 
-bool LoadDeviceTypeTable(const wxString& path, DeviceTypeTable& table)
+TextFileRead LoadDeviceTypeTable(const wxString& path, DeviceTypeTable& table)
 {
-    if (!wxFileExists(path))
-        return false;
-    // An unreadable file, or one larger than any text file the tool reads, reads as an empty
-    // table, as a damaged line is skipped.
-    wxArrayString lines;
-    ReadTextLines(path, lines);
-    for (const wxString& line : lines)
-        ParseDeviceTypeLine(line, table);
-    return true;
+    // Read line by line: only the DEV_TYPE lines that fit the table are kept, whatever the size.
+    return ReadTextFile(path, [&table](const wxString& line) { ParseDeviceTypeLine(line, table); });
 }

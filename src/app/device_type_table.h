@@ -3,6 +3,8 @@
 // configuration generator includes for that type.
 #pragma once
 
+#include "project/text_file.h"
+
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
@@ -30,5 +32,6 @@ wxString DeviceTypeFilePath(const InstallationEnvironment& env);
 // Adds the row of one "DEV_TYPE " line with exactly six values; every other line is skipped.
 void ParseDeviceTypeLine(const wxString& line, DeviceTypeTable& table);
 
-// Reads every line of ct.cfg into the table; false when the file does not exist.
-bool LoadDeviceTypeTable(const wxString& path, DeviceTypeTable& table);
+// Reads every line of ct.cfg into the table. A file that cannot be read (Refused) leaves it empty,
+// as a damaged line is skipped.
+TextFileRead LoadDeviceTypeTable(const wxString& path, DeviceTypeTable& table);

@@ -18,13 +18,16 @@ bool ReadInstallation(Platform& platform, InstallationEnvironment& env, MessageF
     return true;
 }
 
-bool ReadDeviceTypes(const InstallationEnvironment& env, DeviceTypeTable& table, MessageForm& fault)
+bool ReadDeviceTypes(const InstallationEnvironment& env, DeviceTypeTable& table, MessageForm& fault, bool* refused)
 {
     table.deviceTypeCount = 0;
-    if (!LoadDeviceTypeTable(DeviceTypeFilePath(env), table)) {
+    const TextFileRead read = LoadDeviceTypeTable(DeviceTypeFilePath(env), table);
+    if (read == TextFileRead::Missing) {
         fault = MessageForm{wxGetTranslation("FAULT : cannot locate ct.cfg file"), wxString(), MessageIcon::None};
         return false;
     }
+    if (refused != nullptr)
+        *refused = read == TextFileRead::Refused;
     return true;
 }
 

@@ -20,5 +20,8 @@ bool RunStartup(AppContext& ctx);
 // The suite's registry values and the folders derived from them.
 bool ReadInstallation(Platform& platform, InstallationEnvironment& env, MessageForm& fault);
 
-// The device types of the installation's ct.cfg, the table emptied first.
-bool ReadDeviceTypes(const InstallationEnvironment& env, DeviceTypeTable& table, MessageForm& fault);
+// The device types of the installation's ct.cfg, the table emptied first. False (with the start-up
+// message) when there is no ct.cfg; one that is there but cannot be read gives an empty table, and
+// `refused` (when given) says so.
+bool ReadDeviceTypes(const InstallationEnvironment& env, DeviceTypeTable& table, MessageForm& fault,
+                     bool* refused = nullptr);

@@ -105,8 +105,14 @@ bool ReadCliInstallation(Session& s, const wxString& softwarePath, MessageForm& 
         s.env.TgxSoftwarePath = SoftwareFolder(softwarePath, separator);
         DeriveInstallationPaths(s.env, separator, s.platform->DocumentsDir());
     }
-    if (!ReadDeviceTypes(s.env, s.deviceTypes, fault))
+    bool refused = false;
+    if (!ReadDeviceTypes(s.env, s.deviceTypes, fault, &refused))
         return false;
+    // The desktop tool starts with an empty device table; a script is told.
+    if (refused) {
+        fault = MessageForm{"tgxcfg: cannot read " + DeviceTypeFilePath(s.env), wxString(), MessageIcon::None};
+        return false;
+    }
     s.target.targetEntry = initialTargetAddress;
     s.target.targetHost = initialTargetAddress;
     s.tools.SetEnvironment("TT_SSH_PORT", "22");
@@ -115,10 +121,14 @@ bool ReadCliInstallation(Session& s, const wxString& softwarePath, MessageForm& 
 
 bool LoadProject(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
 {
-    switch (ReadProjectFromDisk(s.ctx, path)) {
+    wxString map;
+    switch (ReadProjectFromDisk(s.ctx, path, &map)) {
     case ProjectReadResult::Read: return true;
     case ProjectReadResult::Unreadable: WriteLine(err, "tgxcfg: cannot read " + shownPath); return false;
     case ProjectReadResult::NoContent: WriteLine(err, kNoContentMessage); return false;
+    case ProjectReadResult::MapUnreadable:
+        WriteLine(err, "tgxcfg: cannot read the map file " + MapFilePath(shownPath, map.EndsWith(".mb") ? "mb" : "mbd"));
+        return false;
     }
     return false;
 }
@@ -145,6 +155,15 @@ int Show(Session& s, const CliRequest& request, std::ostream& out)
             WriteLine(out, CommandListLine(device.commands[c]));
     }
     return kSuccess;
+}
+
+// A file that is no project at all is neither taken for one (it loads as the defaults) nor saved over.
+bool RefuseNonProject(const wxString& path, const wxString& shownPath, std::ostream& err)
+{
+    if (!wxFileExists(path) || IsProjectFile(path))
+        return false;
+    WriteLine(err, "tgxcfg: " + shownPath + " is not a project file; it is left as it is");
+    return true;
 }
 
 int Resave(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
@@ -193,11 +212,9 @@ int ExportMap(Session& s, const wxString& path, const wxString& shownPath, std::
 
 int Check(Session& s, const CliRequest& request, const wxString& path, const wxString& shownPath, std::ostream& out)
 {
-    wxArrayString lines;
-    ReadTextLines(path, lines);
     // The map was read from the older ".mb" file when there is no ".mbd".
     const wxString shownMap = MapFilePath(shownPath, wxFileExists(MapFilePath(path)) ? "mbd" : "mb");
-    const std::vector<ProjectProblem> problems = CheckProject(s.project, s.deviceTypes, lines);
+    const std::vector<ProjectProblem> problems = CheckProject(s.project, s.deviceTypes, path);
     if (request.format == "json")
         out << ProblemsJson(problems, shownPath, shownMap);
     else
@@ -352,6 +369,9 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
     switch (request.command) {
     case CliCommand::Show: return Show(*session, request, out);
     case CliCommand::Resave:
+        if (RefuseNonProject(projectPath, request.arguments[0], err)
+            || (!secondPath.empty() && RefuseNonProject(secondPath, request.arguments[1], err)))
+            return kFailure;
         return secondPath.empty() ? Resave(*session, projectPath, request.arguments[0], err)
                                   : Resave(*session, secondPath, request.arguments[1], err);
     case CliCommand::Generate: return Generate(*session, request, err);

@@ -41,11 +41,8 @@ void ReadDeviceProject(AppContext& ctx)
     Project& project = ctx.project;
     const wxString projectFile = ProjectFolderFile(ctx, "tgxconfig.prj");
     if (FetchDeviceFile(ctx, "TG7/tgxconfig.prj", projectFile)) {
-        wxArrayString lines;
-        ReadTextLines(projectFile, lines);
         ProjectLineReader reader;
-        for (const wxString& line : lines)
-            ParseProjectLine(project, line, reader);
+        ReadTextFile(projectFile, [&](const wxString& line) { ParseProjectLine(project, line, reader); });
         RemoveQuietly(projectFile);
     }
     project.projectOpen = 1;

@@ -49,7 +49,7 @@ void ImportMapFromProject(AppContext& ctx)
 
 bool ImportMapFromProjectFile(AppContext& ctx, const wxString& otherProject)
 {
-    const bool read = ReadProjectMap(otherProject, ctx.project.modbusMapLines);
+    const bool read = ReadProjectMap(otherProject, ctx.project.modbusMapLines) == TextFileRead::Read;
     if (!read)
         ctx.ui.ShowMessage("This project does not have a modbus map associated with it.");
     SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());

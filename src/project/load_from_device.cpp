@@ -34,16 +34,11 @@ void LoadProjectFromDevice(AppContext& ctx)
     if (!mapFetched && printedOk)
         map = printed;
 
-    wxArrayString lines;
-    const bool read = ReadTextLines(projectFile, lines);
     ctx.ui.EndProgress();
-    if (!read) {
-        ctx.ui.ShowMessage("Error in project file");
-        return;
-    }
-    if (!ApplyProjectFile(ctx, lines)) {
-        ctx.ui.ShowMessage("Invalid project file (no content)");
-        return;
+    switch (ApplyProjectFile(ctx, projectFile)) {
+    case ProjectReadResult::Read: break;
+    case ProjectReadResult::NoContent: ctx.ui.ShowMessage("Invalid project file (no content)"); return;
+    default: ctx.ui.ShowMessage("Error in project file"); return;
     }
     ctx.project.modbusMapLines = map;
     ctx.ui.RefreshPanel();

@@ -6,6 +6,7 @@
 #include "project/panel_view.h"
 #include "project/project.h"
 #include "project/project_file.h"
+#include "project/text_file.h"
 
 #include <algorithm>
 #include <iterator>
@@ -50,9 +51,11 @@ public:
     {
     }
 
-    // Walks the lines as the reader does, noting where each value came from and what the reader
-    // passes over. False when the file is no project file at all.
-    bool ScanFile(const wxArrayString& lines);
+    // Walks the lines as the reader does, one at a time, noting where each value came from and
+    // what the reader passes over. False once the file is no project file at all.
+    bool ScanLine(const wxString& text);
+    // After the last line: false when the file is no project file at all.
+    bool EndScan();
     void CheckValues();
     std::vector<ProjectProblem> problems;
 
@@ -79,6 +82,10 @@ private:
     const DeviceTypeTable& deviceTypes;
     Locations where;
     int currentDevice = -1;
+    int linesRead = 0;
+    int deviceCountLine = 0;
+    bool known = false;
+    bool binary = false;
     int commandCount[MAX_DEVICES] = {};
     int lastCommand = -1;
     bool commandInBlock = false;
@@ -92,6 +99,22 @@ bool IsBinary(const wxString& line)
 {
     return std::any_of(line.begin(), line.end(), [](wxUniChar c) { return c < 0x20 && c != '\t'; });
 }
+
+}  // namespace
+
+bool IsProjectFile(const wxString& path)
+{
+    bool binary = false;
+    bool known = false;
+    const TextFileRead read = ReadTextFile(path, [&](const wxString& line) {
+        wxString key;
+        binary = binary || IsBinary(line);
+        known = known || ProjectLineKey(line, key) != ProjectValueKind::None;
+    });
+    return read == TextFileRead::Read && known && !binary;
+}
+
+namespace {
 
 // A HARTCMD or CMDARGS value as loaded: each value a number (one that does not convert as 0), a
 // HARTCMD of three values with the write flag 0 that the reader gives it.
@@ -122,48 +145,54 @@ void Checker::Note(const wxString& subject, int anchor, int line, const wxString
     given[{subject, anchor}].emplace_back(line, value);
 }
 
-bool Checker::ScanFile(const wxArrayString& lines)
+bool Checker::ScanLine(const wxString& text)
 {
-    bool known = false;
-    int deviceCountLine = 0;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        const int line = static_cast<int>(i) + 1;
-        if (IsBinary(lines[i])) {
-            problems = {{false, line, "not a project file: binary content"}};
-            return false;
-        }
-        wxString key;
-        const ProjectValueKind kind = ProjectLineKey(lines[i], key);
-        if (kind == ProjectValueKind::None)
-            continue;
-        known = true;
-        const wxString value = lines[i].Mid(key.length());
-        const wxString name = key.BeforeLast(':');
-        int number = 0;
-        if (key == "DEVICE COUNT:")
-            deviceCountLine = line;
-        if (kind == ProjectValueKind::Number && !ParseWholeInt(value, number)) {
-            Add(line, wxString::Format("%s value \"%s\" is not a whole number: it is not loaded", name, value));
-            continue;
-        }
-        if (key == "DEVICE COUNT:") {
-            Note(name, 0, line, wxString::Format("%d", number));
-        } else if (key == "FOR DEVICE:") {
-            currentDevice = number;
-            commandInBlock = false;
-            if (number < 0 || number >= MAX_DEVICES) {
-                Add(line, wxString::Format("device %d is outside 0..15: its lines are ignored", number));
-                continue;
-            }
-            blocks[number].push_back({line, wxString()});
-            where.forDevice[number] = line;
-            commandCount[number] = 0;
-        } else if (kind == ProjectValueKind::Numbers) {
-            ScanNumbers(line, key, value);
-        } else {
-            ScanDeviceLine(line, key, kind == ProjectValueKind::Number ? wxString::Format("%d", number) : value);
-        }
+    const int line = ++linesRead;
+    if (binary)
+        return false;
+    if (IsBinary(text)) {
+        binary = true;
+        problems = {{false, line, "not a project file: binary content"}};
+        return false;
     }
+    wxString key;
+    const ProjectValueKind kind = ProjectLineKey(text, key);
+    if (kind == ProjectValueKind::None)
+        return true;
+    known = true;
+    const wxString value = text.Mid(key.length());
+    const wxString name = key.BeforeLast(':');
+    int number = 0;
+    if (key == "DEVICE COUNT:")
+        deviceCountLine = line;
+    if (kind == ProjectValueKind::Number && !ParseWholeInt(value, number)) {
+        Add(line, wxString::Format("%s value \"%s\" is not a whole number: it is not loaded", name, value));
+        return true;
+    }
+    if (key == "DEVICE COUNT:") {
+        Note(name, 0, line, wxString::Format("%d", number));
+    } else if (key == "FOR DEVICE:") {
+        currentDevice = number;
+        commandInBlock = false;
+        if (number < 0 || number >= MAX_DEVICES) {
+            Add(line, wxString::Format("device %d is outside 0..15: its lines are ignored", number));
+            return true;
+        }
+        blocks[number].push_back({line, wxString()});
+        where.forDevice[number] = line;
+        commandCount[number] = 0;
+    } else if (kind == ProjectValueKind::Numbers) {
+        ScanNumbers(line, key, value);
+    } else {
+        ScanDeviceLine(line, key, kind == ProjectValueKind::Number ? wxString::Format("%d", number) : value);
+    }
+    return true;
+}
+
+bool Checker::EndScan()
+{
+    if (binary)
+        return false;
     if (!known) {
         problems = {{false, 1, "not a project file: no line holds a known setting"}};
         return false;
@@ -427,10 +456,11 @@ void Checker::CheckMapLines()
 }  // namespace
 
 std::vector<ProjectProblem> CheckProject(const Project& project, const DeviceTypeTable& deviceTypes,
-                                         const wxArrayString& fileLines)
+                                         const wxString& projectPath)
 {
     Checker checker(project, deviceTypes);
-    if (checker.ScanFile(fileLines))
+    ReadTextFile(projectPath, [&checker](const wxString& line) { checker.ScanLine(line); });
+    if (checker.EndScan())
         checker.CheckValues();
     std::stable_sort(checker.problems.begin(), checker.problems.end(), [](const auto& a, const auto& b) {
         return std::make_pair(a.inMapFile, a.line) < std::make_pair(b.inMapFile, b.line);

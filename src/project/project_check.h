@@ -18,10 +18,15 @@ struct ProjectProblem {
 };
 
 // The problems of a project file, in the order of their lines (those without a line first, the
-// map file's last). `fileLines` are the file's lines as read; `project` and its map lines what
-// loading them gave. Devices and commands are numbered from 0, as in the file and the lists.
+// map file's last). The file at `projectPath` is read again, line by line; `project` and its map
+// lines are what loading it gave. Devices and commands are numbered from 0, as in the file and
+// the lists.
 std::vector<ProjectProblem> CheckProject(const Project& project, const DeviceTypeTable& deviceTypes,
-                                         const wxArrayString& fileLines);
+                                         const wxString& projectPath);
+
+// False for a file that check calls no project file at all (binary content, or no line that holds
+// a setting), and for one that cannot be read.
+bool IsProjectFile(const wxString& path);
 
 // One problem as compilers print theirs: "FILE:LINE: text", or "FILE: text" without a line.
 wxString FormatProblem(const ProjectProblem& problem, const wxString& projectFile, const wxString& mapFile);

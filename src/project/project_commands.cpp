@@ -64,34 +64,52 @@ void NewProject(AppContext& ctx)
     ctx.ui.RefreshPanel();
 }
 
-bool ApplyProjectFile(AppContext& ctx, const wxArrayString& lines)
+ProjectReadResult ApplyProjectFile(AppContext& ctx, const wxString& path)
 {
-    if (lines.empty())
-        return false;
+    // Read line by line: the defaults are laid down when the first line comes, so a file with no
+    // lines, like one that cannot be read, changes nothing.
     Project& project = ctx.project;
-    LoadDefaultProject(project);
-    project.automaticModbusMap = 1;
-    ctx.ui.RefreshPanel();
     ProjectLineReader reader;
-    for (const wxString& line : lines)
+    bool first = true;
+    const TextFileRead read = ReadTextFile(path, [&](const wxString& line) {
+        if (first) {
+            LoadDefaultProject(project);
+            project.automaticModbusMap = 1;
+            ctx.ui.RefreshPanel();
+            first = false;
+        }
         ParseProjectLine(project, line, reader);
+    });
+    if (read != TextFileRead::Read)
+        return ProjectReadResult::Unreadable;
+    if (first)
+        return ProjectReadResult::NoContent;
     project.projectOpen = 1;
     if (project.deviceCount > 0)
         project.selectedDevice = 0;
-    return true;
+    return ProjectReadResult::Read;
 }
 
 const char* const kNoContentMessage = "Invalid project file (no content)";
 
-ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path)
+ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path, wxString* unreadableMap)
 {
-    wxArrayString lines;
-    if (!ReadTextLines(path, lines))
+    if (!wxFileExists(path))
         return ProjectReadResult::Unreadable;
-    if (!ApplyProjectFile(ctx, lines))
-        return ProjectReadResult::NoContent;
+    // A map file that is there but cannot be read is not taken for no map: the load stops before
+    // anything changes, so that nothing is saved over it.
+    wxArrayString map;
+    wxString refused;
+    if (ReadProjectMap(path, map, &refused) == TextFileRead::Refused) {
+        if (unreadableMap != nullptr)
+            *unreadableMap = refused;
+        return ProjectReadResult::MapUnreadable;
+    }
+    const ProjectReadResult read = ApplyProjectFile(ctx, path);
+    if (read != ProjectReadResult::Read)
+        return read;
     ctx.project.projectFilePath.Assign(path);
-    ReadProjectMap(path, ctx.project.modbusMapLines);
+    ctx.project.modbusMapLines.swap(map);
     return ProjectReadResult::Read;
 }
 
@@ -104,6 +122,7 @@ void LoadProjectFromDisk(AppContext& ctx)
         return;
     switch (ReadProjectFromDisk(ctx, form.path)) {
     case ProjectReadResult::Unreadable: return;
+    case ProjectReadResult::MapUnreadable: return;
     case ProjectReadResult::NoContent: ctx.ui.ShowMessage(kNoContentMessage); return;
     case ProjectReadResult::Read: break;
     }

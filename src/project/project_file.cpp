@@ -119,9 +119,18 @@ wxString MapFilePath(const wxString& projectPath, const char* extension)
     return file.GetFullPath();
 }
 
-bool ReadProjectMap(const wxString& projectPath, wxArrayString& lines)
+TextFileRead ReadProjectMap(const wxString& projectPath, wxArrayString& lines, wxString* refused)
 {
-    return ReadTextLines(MapFilePath(projectPath, "mbd"), lines) || ReadTextLines(MapFilePath(projectPath, "mb"), lines);
+    // The older ".mb" stands in only for a missing ".mbd", not for one that cannot be read.
+    wxString file = MapFilePath(projectPath, "mbd");
+    TextFileRead read = ReadTextFile(file, lines);
+    if (read == TextFileRead::Missing) {
+        file = MapFilePath(projectPath, "mb");
+        read = ReadTextFile(file, lines);
+    }
+    if (read == TextFileRead::Refused && refused != nullptr)
+        *refused = file;
+    return read;
 }
 
 namespace {

@@ -2,6 +2,8 @@
 // versions of the tool exchange, and the Modbus map file (*.mbd) beside it.
 #pragma once
 
+#include "project/text_file.h"
+
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
@@ -43,5 +45,7 @@ wxArrayString ProjectValueTokens(const wxString& value);
 // The map file of a project file: extension "mbd", or "mb" for older projects.
 wxString MapFilePath(const wxString& projectPath, const char* extension = "mbd");
 
-// Reads the map file beside a project (".mbd", else the older ".mb") into `lines`.
-bool ReadProjectMap(const wxString& projectPath, wxArrayString& lines);
+// Reads the map file beside a project (".mbd", else the older ".mb") into `lines`. Read: one was
+// read. Refused: the one there cannot be read (`refused` names it). Missing: neither is there.
+// Anything but Read leaves `lines` as they were.
+TextFileRead ReadProjectMap(const wxString& projectPath, wxArrayString& lines, wxString* refused = nullptr);

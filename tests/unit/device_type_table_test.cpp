@@ -45,17 +45,17 @@ TEST(DeviceTypeTable, ReadsEveryLineOfTheFileAndSurvivesOddFiles)
     const wxString path = dir.Write("ct.cfg", "; device types\r\nDEV_TYPE Generic a b c d e\r\nDEV_TYPE Bad a b\r\n"
                                               "DEV_TYPE KFD2 k2 k3 k4 k5 k6");
     DeviceTypeTable table;
-    ASSERT_TRUE(LoadDeviceTypeTable(path, table));
+    ASSERT_EQ(LoadDeviceTypeTable(path, table), TextFileRead::Read);
     ASSERT_EQ(table.deviceTypeCount, 2);
     EXPECT_EQ(table.TypeName(1), "KFD2");
-    EXPECT_FALSE(LoadDeviceTypeTable(dir.path + "/missing.cfg", table));
+    EXPECT_EQ(LoadDeviceTypeTable(dir.path + "/missing.cfg", table), TextFileRead::Missing);
 
     const char binary[] = {'\x00', '\xff', '\xfe', 'D', '\x00', '\x01', '\n', '\x7f'};
     wxFile(dir.path + "/bin.cfg", wxFile::write).Write(binary, sizeof binary);
     dir.Write("empty.cfg", "");
     for (const char* name : {"bin.cfg", "empty.cfg"}) {
         DeviceTypeTable odd;
-        EXPECT_TRUE(LoadDeviceTypeTable(dir.path + "/" + name, odd)) << name;
+        EXPECT_EQ(LoadDeviceTypeTable(dir.path + "/" + name, odd), TextFileRead::Read) << name;
         EXPECT_EQ(odd.deviceTypeCount, 0) << name;
     }
 }

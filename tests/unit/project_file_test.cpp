@@ -45,8 +45,10 @@ Project MaximalProject()
 
 Project Loaded(const wxArrayString& lines)
 {
+    TempDir dir;
     TestContext t;
-    ApplyProjectFile(t.ctx, lines);
+    WriteTextLines(dir.path + "/p.prj", lines);
+    ApplyProjectFile(t.ctx, dir.path + "/p.prj");
     return t.project;
 }
 
@@ -72,10 +74,7 @@ TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
     SaveProject(first.ctx, path);
 
     TestContext second;
-    wxArrayString lines;
-    ASSERT_TRUE(ReadTextLines(path, lines));
-    ASSERT_TRUE(ApplyProjectFile(second.ctx, lines));
-    ReadProjectMap(path, second.project.modbusMapLines);
+    ASSERT_EQ(ReadProjectFromDisk(second.ctx, path), ProjectReadResult::Read);
     second.project.automaticModbusMap = first.project.automaticModbusMap;  // a load forces it on
     const wxString again = dir.path + "/again.prj";
     SaveProject(second.ctx, again);
@@ -144,25 +143,40 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         std::string bytes;
         int lines;  // -1: refused as unreadable; -2: either
         const wchar_t* first = nullptr;  // the first line's text, where it matters
+        int streamed = -3;  // read line by line, when that differs from read whole
     };
     const std::string longLine(1 << 20, 'x');
     const Case cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
         {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", longLine, 1},
         {"UTF-8 with its BOM, lone CRs only", "\xEF\xBB\xBF" "caf\xC3\xA9\rB\r", 2, L"caf\u00E9"},
-        {"not UTF-8: read as Latin-1", "caf\xE9\n", 1, L"caf\u00E9"},
+        {"not UTF-8 after a UTF-8 line: all read as Latin-1", "\xC3\xA9\ncaf\xE9\n", 2, L"\u00C3\u00A9"},
         {"binary", std::string("\x00\x01\xFF\xFE\x80\n\x00", 7), -2},  // either refused or read, never harm
+        {"more lines than a file read whole keeps", std::string(kMaxTextFileLines + 1, '\n'), -1, nullptr,
+         static_cast<int>(kMaxTextFileLines) + 1},
         {"larger than any file the tool reads", std::string(kMaxTextFileBytes + 1, '\n'), -1}};
+    const wxString path = dir.path + "/odd.txt";
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        const wxString path = dir.path + "/odd.txt";
         wxFile(path, wxFile::write).Write(c.bytes.data(), c.bytes.size());
-        wxArrayString lines;
-        const bool read = ReadTextLines(path, lines);
-        EXPECT_TRUE(c.lines == -2 || (c.lines == -1 ? !read : read && static_cast<int>(lines.size()) == c.lines));
+        wxArrayString lines = Lines({"kept"});
+        const TextFileRead read = ReadTextFile(path, lines);
+        EXPECT_TRUE(c.lines == -2 || (c.lines == -1 ? read == TextFileRead::Refused && lines == Lines({"kept"})
+                                                    : read == TextFileRead::Read && static_cast<int>(lines.size()) == c.lines));
         EXPECT_TRUE(c.first == nullptr || (!lines.empty() && lines[0] == c.first));
+        wxArrayString streamed;
+        const TextFileRead each = ReadTextFile(path, [&](const wxString& line) { streamed.Add(line); });
+        if (c.streamed != -3) {
+            EXPECT_EQ(static_cast<int>(streamed.size()), c.streamed);
+        } else if (c.lines != -2) {
+            EXPECT_TRUE(each == read && (read != TextFileRead::Read || streamed == lines));
+        }
         TestContext t;
-        EXPECT_EQ(ApplyProjectFile(t.ctx, lines), !lines.empty());
+        EXPECT_EQ(ApplyProjectFile(t.ctx, path), each != TextFileRead::Read ? ProjectReadResult::Unreadable
+                                                 : streamed.empty()         ? ProjectReadResult::NoContent
+                                                                            : ProjectReadResult::Read);
     }
+    // Not there is not the same as there but unreadable.
     wxArrayString lines;
-    EXPECT_FALSE(ReadTextLines(dir.path + "/missing.prj", lines));
+    EXPECT_EQ(ReadTextFile(dir.path + "/missing.prj", lines), TextFileRead::Missing);
+    EXPECT_EQ(ReadTextFile(dir.path, lines), TextFileRead::Refused);
 }
