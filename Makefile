@@ -71,7 +71,8 @@ package-windows: windows
 
 # tgxconfig and the try-it package tgxconfig-simulator, checked by scripts/check-deb.sh: lintian
 # (fails on any error or warning), desktop-file-validate, appstreamcli and the completion test.
-DEB_TOOLS = help2man pandoc lintian desktop-file-utils appstream bash-completion
+# CPack's dependency list needs dpkg-shlibdeps (dpkg-dev) and file.
+DEB_TOOLS = dpkg-dev file help2man pandoc lintian desktop-file-utils appstream bash-completion
 
 package-deb: deps
 	@bash scripts/install-deps.sh $(DEB_TOOLS)
