@@ -69,11 +69,19 @@ package-windows: windows
 	@cmake --build $(BUILD_WINDOWS) --target msi
 	@bash scripts/windows/check-msi.sh $(BUILD_WINDOWS)/tgxconfig-*-x64.msi
 
+# tgxconfig and the try-it package tgxconfig-simulator, checked by scripts/check-deb.sh: lintian
+# (fails on any error or warning), desktop-file-validate, appstreamcli and the completion test.
+# CPack's dependency list needs dpkg-shlibdeps (dpkg-dev) and file.
+DEB_TOOLS = dpkg-dev file help2man pandoc lintian desktop-file-utils appstream bash-completion
+
 package-deb: deps
+	@bash scripts/install-deps.sh $(DEB_TOOLS)
 	@cmake -S . -B $(BUILD_DEB) -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-	  -DTGX_BUILD_TESTS=OFF -DTGX_BUILD_BENCH=OFF >/dev/null
+	  -DTGX_BUILD_TESTS=OFF -DTGX_BUILD_BENCH=OFF -DTGX_PACKAGE_DEB=ON >/dev/null
 	@cmake --build $(BUILD_DEB)
-	@cd $(BUILD_DEB) && cpack -G DEB >/dev/null && dpkg-deb --field tgxconfig_*_amd64.deb && dpkg-deb --contents tgxconfig_*_amd64.deb
+	@rm -f $(BUILD_DEB)/*.deb
+	@cd $(BUILD_DEB) && cpack -G DEB >/dev/null
+	@bash scripts/check-deb.sh $(BUILD_DEB)
 
 # The cached wxMSW and GoogleTest stay (scripts/windows/wxmsw.sh says where).
 clean-windows:
