@@ -132,6 +132,15 @@ public:
     // Lets a finished step stay on screen for a moment.
     virtual void WaitSeconds(int seconds) { wxSleep(seconds); }
 
+    // A save did not write the project file or its map file; `message` names the file and the
+    // system's reason. True: the workflow goes on, as the desktop tool's always have, without a
+    // word (the project counts as saved). The console reports it and stops the workflow.
+    virtual bool ContinueAfterFailedSave(const wxString& message)
+    {
+        (void)message;
+        return true;
+    }
+
     // Shorthand for a plain notice with the default caption.
     void ShowMessage(const wxString& text) { ShowMessage(MessageForm{text, wxString(), MessageIcon::None}); }
 };

@@ -166,19 +166,13 @@ bool RefuseNonProject(const wxString& path, const wxString& shownPath, std::ostr
     return true;
 }
 
-int Resave(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
+int Resave(Session& s, const wxString& path, std::ostream& err)
 {
     s.project.projectFilePath.Assign(path);
-    const bool saved = SaveProject(s.ctx, path);
     // In automatic map mode the save generates the map; its failure is a message.
-    const bool mapFailed = s.ui.MessageShown();
-    s.ui.Finish(mapFailed, err);
-    if (mapFailed)
-        return kFailure;
-    if (saved)
-        return kSuccess;
-    WriteLine(err, "tgxcfg: cannot write " + shownPath + " or its map file " + MapFilePath(shownPath));
-    return kFailure;
+    const bool failed = !SaveProject(s.ctx, path) || s.ui.MessageShown();
+    s.ui.Finish(failed, err);
+    return failed ? kFailure : kSuccess;
 }
 
 int Generate(Session& s, const CliRequest& request, std::ostream& err)
@@ -320,8 +314,6 @@ int RunGatewayCommand(Session& s, const CliRequest& request, std::ostream& err)
         if (s.project.projectOpen == 1) {
             s.project.projectFilePath.Assign(path);
             done = SaveProject(s.ctx, path);
-            if (!done)
-                s.ui.ShowMessage("tgxcfg: cannot write " + request.arguments[0] + " or its map file");
         }
         break;
     }
@@ -372,8 +364,7 @@ int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& er
         if (RefuseNonProject(projectPath, request.arguments[0], err)
             || (!secondPath.empty() && RefuseNonProject(secondPath, request.arguments[1], err)))
             return kFailure;
-        return secondPath.empty() ? Resave(*session, projectPath, request.arguments[0], err)
-                                  : Resave(*session, secondPath, request.arguments[1], err);
+        return Resave(*session, secondPath.empty() ? projectPath : secondPath, err);
     case CliCommand::Generate: return Generate(*session, request, err);
     case CliCommand::ExportMap: return ExportMap(*session, secondPath, request.arguments[1], err);
     case CliCommand::Check: return Check(*session, request, projectPath, request.arguments[0], out);

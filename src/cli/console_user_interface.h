@@ -44,6 +44,12 @@ public:
     void RefreshPanel() override { }
     void RefreshCommandList() override { }
     void ShowStatus(const wxString&) override { }
+    // A script is told, and the workflow stops: nothing runs on a project that was not saved.
+    bool ContinueAfterFailedSave(const wxString& message) override
+    {
+        ShowMessage(message);
+        return false;
+    }
     // The pause lets a person read the last step in the progress dialog; a console keeps it,
     // unless the waits give a gateway or a multiplexer time (waitForReal).
     void WaitSeconds(int seconds) override

@@ -82,10 +82,9 @@ int RunMuxScan(AppContext& ctx, ConsoleUserInterface& ui, const CliRequest& requ
         AddSelectedMuxDevices(ctx, ui.scanWindow);
     }
     ctx.project.projectFilePath.Assign(newProject);
-    if (SaveProject(ctx, newProject))
-        return kSuccess;
-    WriteLine(err, "tgxcfg: cannot write " + newProject + " or its map file " + MapFilePath(newProject));
-    return kFailure;
+    const bool saved = SaveProject(ctx, newProject);
+    ui.Finish(!saved, err);
+    return saved ? kSuccess : kFailure;
 }
 
 int RunMuxRebuild(AppContext& ctx, ConsoleUserInterface& ui, const CliRequest& request, std::ostream& out,

@@ -82,8 +82,10 @@ bool ConfigureDevice(AppContext& ctx)
     SetText(project.tagName, tag.value.Left(kGatewayTagLength));
 
     // Saved before anything is sent, so the project on disk matches what the gateway gets.
-    SaveProject(ctx, project.projectFilePath.GetFullPath());
+    const bool saved = SaveProject(ctx, project.projectFilePath.GetFullPath());
     ctx.ui.RefreshPanel();
+    if (!saved)
+        return false;
 
     ctx.ui.BeginProgress("Device configuration", "Configuring device .. Please wait");
     if (!CheckGatewayVersions(ctx))

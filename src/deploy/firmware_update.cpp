@@ -119,12 +119,19 @@ bool UpdateFirmware(AppContext& ctx)
 
     // The downloads and the migrated project go to the project folder, which a fresh
     // installation may not have yet.
-    wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    {
+        wxLogNull quiet;  // a folder that cannot be made shows in the save that follows
+        wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    }
     ReadDeviceProject(ctx);
     const int migratedDevices = project.deviceCount;
     const wxString migratePath = ProjectFolderFile(ctx, kMigrateProjectName);
     project.projectFilePath.Assign(migratePath);
-    SaveProject(ctx, migratePath);
+    if (!SaveProject(ctx, migratePath)) {
+        project = *saved;
+        ctx.ui.EndProgress();
+        return false;
+    }
 
     wxString errorText;
     if (!UploadFirmwarePackage(ctx, errorText))

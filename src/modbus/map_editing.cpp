@@ -16,7 +16,8 @@ bool EditModbusMap(AppContext& ctx)
         return false;
     const wxString projectPath = ctx.project.projectFilePath.GetFullPath();
     // The map file beside the project is what the editor starts from.
-    SaveProject(ctx, projectPath);
+    if (!SaveProject(ctx, projectPath))
+        return false;
     wxString errorText, outputFolder, outputName;
     if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName))
         return false;
@@ -64,6 +65,5 @@ bool EditModbusMap(AppContext& ctx)
     RemoveMapChainFile(ctx, "_temp.json");
     ReadTextLines(MapChainFile(ctx, "_temp.mbd"), ctx.project.modbusMapLines);
     RemoveMapChainFile(ctx, "_temp.mbd");
-    SaveProject(ctx, projectPath);
-    return true;
+    return SaveProject(ctx, projectPath);
 }

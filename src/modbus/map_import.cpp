@@ -28,8 +28,7 @@ bool ImportMapFromDevice(AppContext& ctx)
             ctx.project.modbusMapLines = printed;
     }
     ctx.ui.EndProgress();
-    SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());
-    return true;
+    return SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());
 }
 
 void ImportMapFromProject(AppContext& ctx)
@@ -52,6 +51,5 @@ bool ImportMapFromProjectFile(AppContext& ctx, const wxString& otherProject)
     const bool read = ReadProjectMap(otherProject, ctx.project.modbusMapLines) == TextFileRead::Read;
     if (!read)
         ctx.ui.ShowMessage("This project does not have a modbus map associated with it.");
-    SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());
-    return read;
+    return SaveProject(ctx, ctx.project.projectFilePath.GetFullPath()) && read;
 }

@@ -19,8 +19,7 @@ bool SwitchMapMode(AppContext& ctx, bool toAutomatic, bool itemWasUnchecked)
     project.projectSaved = 0;
     ctx.ui.RefreshPanel();
     // To automatic: this save already replaces the map with a generated one.
-    SaveProject(ctx, project.projectFilePath.GetFullPath());
-    return true;
+    return SaveProject(ctx, project.projectFilePath.GetFullPath());
 }
 
 void DeleteModbusMap(AppContext& ctx)

@@ -160,8 +160,12 @@ bool MuxScanCommand(AppContext& ctx)
     const wxString baseProject = ctx.env.TgxProjectPath + ctx.platform.PathSeparator() + "MUXempty.prj";
     project.projectFilePath.Assign(baseProject);
     // The build takes its project copy from this file: the folder must be there.
-    wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    SaveProject(ctx, baseProject);
+    {
+        wxLogNull quiet;  // a folder that cannot be made shows in the save that follows
+        wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    }
+    if (!SaveProject(ctx, baseProject))
+        return false;
 
     // "managment": the progress title as users have always seen it.
     ctx.ui.BeginProgress("Device managment", "Base MUX config download .. Please wait");

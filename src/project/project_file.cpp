@@ -102,14 +102,27 @@ wxArrayString ProjectFileLines(const Project& p)
     return lines;
 }
 
+namespace {
+
+// Writes one file of a save; false when it failed and the interface stops the save there.
+bool WriteSavedFile(AppContext& ctx, const wxString& path, const wxArrayString& lines)
+{
+    wxString reason;
+    return WriteTextLines(path, lines, &reason) || ctx.ui.ContinueAfterFailedSave("Could not save " + path + ": " + reason);
+}
+
+}  // namespace
+
 bool SaveProject(AppContext& ctx, const wxString& path)
 {
-    const bool projectWritten = WriteTextLines(path, ProjectFileLines(ctx.project));
+    if (!WriteSavedFile(ctx, path, ProjectFileLines(ctx.project)))
+        return false;
     if (ctx.project.automaticModbusMap == 1)
         GenerateAutomaticMap(ctx);
-    const bool mapWritten = WriteTextLines(MapFilePath(path), ctx.project.modbusMapLines);
+    if (!WriteSavedFile(ctx, MapFilePath(path), ctx.project.modbusMapLines))
+        return false;
     ctx.project.projectSaved = 1;
-    return projectWritten && mapWritten;
+    return true;
 }
 
 wxString MapFilePath(const wxString& projectPath, const char* extension)

@@ -21,9 +21,10 @@ wxArrayString ProjectFileLines(const Project& project);
 wxArrayString ProjectSettingLines(const Project& project);
 
 // Writes the project file at `path`, then (in automatic map mode) regenerates the map, then
-// writes the map file beside it; marks the project saved, written or not. The desktop tool
-// reports no failure to write; tgxcfg does, from the result: false when either file could not
-// be written.
+// writes the map file beside it, and marks the project saved. A file that cannot be written is
+// put to the interface at once ("Could not save FILE: REASON", ContinueAfterFailedSave): when it
+// lets the save go on, the rest is done as if it had been written; otherwise nothing more is done
+// and the result is false, so the workflow that saved stops.
 bool SaveProject(AppContext& ctx, const wxString& path);
 
 // The reader's position, carried from line to line.

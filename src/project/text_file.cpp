@@ -7,17 +7,24 @@
 #include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/convauto.h>
+#include <wx/dir.h>
+#include <wx/utils.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <climits>
 #include <cstring>
 #include <functional>
 #include <string>
+#include <vector>
 
 #ifdef __WINDOWS__
 #include <wx/msw/wrapwin.h>
 #else
+#include <csignal>
 #include <cstdio>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -232,6 +239,120 @@ TextFileRead ReadLines(const wxString& path, LineSink& sink)
     return split ? TextFileRead::Read : TextFileRead::Refused;
 }
 
+// The file a save writes: a symbolic link is followed to the file it names, so the link stays.
+wxString SaveTarget(const wxString& path)
+{
+#ifndef __WINDOWS__
+    wxString target = path;
+    for (int links = 0; links < 40; ++links) {
+        struct stat info;
+        if (::lstat(target.fn_str(), &info) != 0 || !S_ISLNK(info.st_mode))
+            break;
+        std::vector<char> name(static_cast<std::size_t>(info.st_size > 0 ? info.st_size : PATH_MAX) + 1);
+        const ssize_t length = ::readlink(target.fn_str(), name.data(), name.size() - 1);
+        if (length <= 0)
+            break;
+        const wxString linked(name.data(), wxConvFile, static_cast<std::size_t>(length));
+        target = wxIsAbsolutePath(linked) ? linked : wxFileName(target).GetPath(wxPATH_GET_SEPARATOR) + linked;
+    }
+    return target;
+#else
+    return path;
+#endif
+}
+
+bool ProcessRuns(unsigned long pid)
+{
+#ifdef __WINDOWS__
+    const HANDLE process = ::OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(pid));
+    if (process == nullptr)
+        return ::GetLastError() == ERROR_ACCESS_DENIED;
+    const bool running = ::WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+    ::CloseHandle(process);
+    return running;
+#else
+    return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
+#endif
+}
+
+// A save writes FILE.saving-PID-N beside FILE first. One that a killed save left behind (its
+// process no longer runs) is removed by the next save of that file.
+const char kSavingInfix[] = ".saving-";
+
+void RemoveLeftSavings(const wxString& target)
+{
+    const wxFileName file(target);
+    wxDir folder(file.GetPath().empty() ? wxString(".") : file.GetPath());
+    if (!folder.IsOpened())
+        return;
+    const wxString prefix = file.GetFullName() + kSavingInfix;
+    wxString name;
+    std::vector<wxString> left;
+    for (bool more = folder.GetFirst(&name, prefix + "*", wxDIR_FILES | wxDIR_HIDDEN); more; more = folder.GetNext(&name)) {
+        unsigned long pid = 0;
+        if (name.Mid(prefix.length()).BeforeFirst('-').ToULong(&pid) && !ProcessRuns(pid))
+            left.push_back(file.GetPathWithSep() + name);
+    }
+    for (const wxString& leftover : left)
+        wxRemoveFile(leftover);
+}
+
+// The system's words for the last error ("Permission denied", "No space left on device").
+wxString SystemReason()
+{
+    const unsigned long code = wxSysErrorCode();
+    return code != 0 ? wxString(wxSysErrorMsgStr(code)) : wxString("the file could not be written whole");
+}
+
+// Writes the bytes into a new file beside the target, flushes it to the disk and then puts it in
+// the old one's place: a save cut short (a crash, a killed process, a full disk) leaves the old
+// file as it was. Whatever the old file held, readable or not, is replaced whole.
+bool WriteFileBytes(const wxString& path, const std::string& bytes, wxString* reason)
+{
+    wxLogNull quiet;
+    const wxString target = SaveTarget(path);
+    RemoveLeftSavings(target);
+    const wxString stem = target + kSavingInfix + wxString::Format("%lu-", wxGetProcessId());
+    wxFile file;
+    wxString temporary;
+    wxString why;
+    for (int attempt = 0; attempt < 100 && !file.IsOpened(); ++attempt) {
+        temporary = stem + wxString::Format("%d", attempt);
+        if (file.Create(temporary, false, wxPOSIX_USER_READ | wxPOSIX_USER_WRITE))
+            break;
+        why = SystemReason();  // before anything else sets the error
+        if (!wxFileExists(temporary))
+            break;
+    }
+    if (!file.IsOpened()) {
+        if (reason != nullptr)
+            *reason = why;
+        return false;
+    }
+    std::size_t written = 0;
+    while (written < bytes.size()) {
+        const std::size_t count = file.Write(bytes.data() + written, bytes.size() - written);
+        if (count == 0)
+            break;
+        written += count;
+    }
+    bool saved = written == bytes.size() && file.Flush();
+    why = saved ? wxString() : SystemReason();
+    saved = file.Close() && saved;
+    if (saved) {
+        TakeMode(temporary, target);
+        saved = ReplaceFile(temporary, target);
+    }
+    if (saved)
+        return true;
+    if (why.empty())
+        why = SystemReason();
+    if (reason != nullptr)
+        *reason = why;
+    wxRemoveFile(temporary);
+    return false;
+}
+
 }  // namespace
 
 TextFileRead ReadTextFile(const wxString& path, const std::function<void(const wxString&)>& line)
@@ -255,7 +376,7 @@ bool ReadTextLines(const wxString& path, wxArrayString& lines)
     return ReadTextFile(path, lines) == TextFileRead::Read;
 }
 
-bool WriteTextLines(const wxString& path, const wxArrayString& lines)
+bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason)
 {
     // The UTF-8 bytes built in one buffer, ASCII characters copied as they are.
     std::size_t size = 0;
@@ -276,27 +397,15 @@ bool WriteTextLines(const wxString& path, const wxArrayString& lines)
         if (high >= 0x80) {
             // Fails, as encoding the whole text did, for a character with no UTF-8 form.
             const std::size_t bytes = wxConvUTF8.FromWChar(nullptr, 0, line.wc_str(), length);
-            if (bytes == wxCONV_FAILED)
+            if (bytes == wxCONV_FAILED) {
+                if (reason != nullptr)
+                    *reason = "a character has no UTF-8 form";
                 return false;
+            }
             text.resize(at + bytes);
             wxConvUTF8.FromWChar(&text[at], bytes, line.wc_str(), length);
         }
         text += "\r\n";
     }
-    wxLogNull quiet;
-    // Written whole into a new file beside it, flushed to the disk, then put in the old one's
-    // place: a save cut short (a crash, a killed process, a full disk) leaves the old file as it
-    // was. Whatever the old file held, readable or not, is replaced whole.
-    wxFile file;
-    const wxString temporary = wxFileName::CreateTempFileName(path + ".saving", &file);
-    if (temporary.empty())
-        return false;
-    const bool written = file.Write(text.data(), text.size()) == text.size() && file.Flush() && file.Close();
-    if (written)
-        TakeMode(temporary, path);
-    if (written && ReplaceFile(temporary, path))
-        return true;
-    file.Close();
-    wxRemoveFile(temporary);
-    return false;
+    return WriteFileBytes(path, text, reason);
 }

@@ -35,7 +35,10 @@ TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 
 // Writes the lines, each ended with CR LF on every platform, so that files made on Linux are
-// byte-identical to those made on Windows. The old file is replaced in one step once the new
-// one is wholly on the disk, so an interrupted save leaves it untouched. False when the file
-// cannot be written (the old one then stays as it was).
-bool WriteTextLines(const wxString& path, const wxArrayString& lines);
+// byte-identical to those made on Windows. The new file is written beside the old one (as
+// FILE.saving-PID-N) and replaces it in one step once it is wholly on the disk, so an interrupted
+// save leaves the old one untouched; such a leftover of a save that was killed is removed by the
+// next save of the file. A symbolic link is written through to the file it names. False when the
+// file cannot be written (the old one then stays as it was), `reason` then giving the system's
+// words for why ("No space left on device").
+bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason = nullptr);

@@ -9,18 +9,50 @@
 #include <filesystem>
 #include <map>
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
 namespace {
+
+#ifndef _WIN32
+// A folder nothing can be written into, for as long as it lives. Root writes past permissions:
+// there the folder is made immutable instead (ext4 and most Linux file systems).
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(const wxString& folder) : folder(folder)
+    {
+        wxArrayString out, err;
+        made = ::geteuid() == 0 ? wxExecute("chattr +i " + ExecuteArgument(folder), out, err, wxEXEC_SYNC) == 0
+                                : ::chmod(folder.fn_str(), 0555) == 0;
+    }
+    ~ReadOnlyFolder()
+    {
+        wxArrayString out, err;
+        if (::geteuid() == 0)
+            wxExecute("chattr -i " + ExecuteArgument(folder), out, err, wxEXEC_SYNC);
+        else
+            ::chmod(folder.fn_str(), 0755);
+    }
+    static wxString Reason() { return ::geteuid() == 0 ? "Operation not permitted" : "Permission denied"; }
+    wxString folder;
+    bool made = false;
+};
+#endif
 
 struct FaultRow {
     const char* name;
     std::vector<wxString> args;
-    // A line of the simulator's faults.txt; "missing TOOL": TOOL is not on PATH; "remove FILE": FILE is gone first.
+    // A line of the simulator's faults.txt; "missing TOOL": TOOL is not on PATH; "remove FILE": FILE
+    // is gone first; "readonly FOLDER": nothing can be written into FOLDER; "full": the disk takes no
+    // file larger than 512 bytes (a file size limit stands in for it).
     const char* fault;
     long status;
     // The runs in the log, "TOOL" when it exited 0, "TOOL:CODE" otherwise.
     wxString runs;
     // Standard error joined with '|' (the simulator's own failure lines left out); when it is
-    // empty, what standard output ends with.
+    // empty, what standard output ends with. "{dir}" stands for the scratch folder, "{reason}" for the
+    // system's reason a save failed.
     wxString message;
     // "FILE=STATE ...", STATE one of same (as before the run), absent, present, empty.
     const char* files;
@@ -40,6 +72,7 @@ const char* const kNoMultiplexer = "Unable to communicate with multiplexer|You m
 const char* const kNoPort = "Unable to create virtual com port.";
 const char* const kFirmwareRuns = "ttgetfile ttgetfile ttfirmware ttputfile ttputfile ttputfile ttbuild ttrestore";
 const char* const kScanRuns = "ttvsp ttdevtype ttbuild inifile ttbuild ttrestore ttreboot";
+const char* const kSaveFailed = "Could not save {dir}/boiler_house.prj: {reason}";
 
 void PrintTo(const FaultRow& row, std::ostream* os) { *os << row.name; }
 
@@ -149,6 +182,34 @@ const FaultRow kRows[] = {
     {"RebuildPortRefused", kRebuild, "ttvsp exit=1", 1, "ttvsp:1", kNoPort, ""},
     {"RebuildRefused", kRebuild, "pfmux match=-wm=1 exit=1", 1, "ttvsp pfmux:1 ttvsp", "Unable communicate with Multiplexer.", ""},
     {"RebuildNoPfmux", kRebuild, "missing pfmux", 1, "ttvsp ttvsp", "Unable communicate with Multiplexer.", ""},
+#ifndef _WIN32
+    // A save that does not write both files stops its workflow with the file and the reason.
+    {"ConfigureReadOnly", kConfigure, "readonly .", 1, "", kSaveFailed, "boiler_house.prj=same gw/config/app.ini=absent"},
+    {"ConfigureDiskFull", kConfigure, "full", 1, "", kSaveFailed, "boiler_house.prj=same gw/config/app.ini=absent"},
+    {"ResaveReadOnly", {"resave", "boiler_house.prj"}, "readonly .", 1, "", kSaveFailed, "boiler_house.prj=same"},
+    {"ResaveDiskFull", {"resave", "boiler_house.prj"}, "full", 1, "", kSaveFailed, "boiler_house.prj=same"},
+    {"ImportMapReadOnly", kImport, "readonly .", 1, "ttgetfile", kSaveFailed, "boiler_house.mbd=same"},
+    {"ImportMapDiskFull", kImport, "full", 1, "ttgetfile:5 ttmbprint", kSaveFailed, "boiler_house.mbd=same"},
+    {"ImportProjectMapReadOnly", {"import-map", "boiler_house.prj", "--from-project=tank_farm_mux.prj"}, "readonly .", 1, "",
+        kSaveFailed, "boiler_house.mbd=same"},
+    {"MapModeReadOnly", kAutomatic, "readonly .", 1, "", kSaveFailed, "boiler_house.prj=same boiler_house.mbd=same"},
+    {"MapModeDiskFull", kAutomatic, "full", 1, "", kSaveFailed, "boiler_house.prj=same boiler_house.mbd=same"},
+    {"EditMapReadOnly", kEdit, "readonly .", 1, "", kSaveFailed, "boiler_house.mbd=same"},
+    {"EditMapDiskFull", kEdit, "full", 1, "", kSaveFailed, "boiler_house.mbd=same"},
+    {"FetchReadOnly", kFetch, "readonly .", 1, "ttgetfile ttgetfile ttmbprint", "Could not save {dir}/b.prj: {reason}",
+        "b.prj=absent"},
+    {"FetchDiskFull", kFetch, "full", 1, "ttgetfile:5", "Failed to obtain configuration from TG7.", "b.prj=absent"},
+    {"FirmwareReadOnly", kFirmware, "readonly prj/", 1, "ttgetfile:5 ttgetfile:5 ttmbprint",
+        "Could not save {dir}/Documents/tgxconfigure/PROJECTS/migrateTemp.prj: {reason}", "prj/migrateTemp.prj=absent"},
+    {"FirmwareDiskFull", kFirmware, "full", 1, "ttgetfile:5 ttgetfile",
+        "Could not save {dir}/Documents/tgxconfigure/PROJECTS/migrateTemp.prj: {reason}", "prj/migrateTemp.prj=absent"},
+    {"ScanReadOnly", kScan, "readonly prj/", 1, "ttvsp ttdevtype",
+        "Could not save {dir}/Documents/tgxconfigure/PROJECTS/MUXempty.prj: {reason}", "plant.prj=absent"},
+    {"ScanDiskFull", kScan, "full", 1, "ttvsp ttdevtype",
+        "Could not save {dir}/Documents/tgxconfigure/PROJECTS/MUXempty.prj: {reason}", "plant.prj=absent"},
+    {"ScanAddedReadOnly", kScan, "readonly .", 1, wxString(kScanRuns) + " ttvsp pfmux ttvsp",
+        "Could not save {dir}/plant.prj: {reason}", "plant.prj=absent"},
+#endif
     {"RebuildNoDeviceList", kRebuild, "pfmux match=-rdl exit=1", 1, "ttvsp pfmux pfmux pfmux pfmux:1 pfmux:1 pfmux:1 ttvsp",
         kNoMultiplexer, ""},
 };
@@ -209,6 +270,21 @@ TEST_P(FaultMatrix, StopsAtTheFailedStepWithItsMessage)
     };
     const wxString fault = row.fault;
     wxString rest;
+    wxString reason;
+#ifndef _WIN32
+    std::unique_ptr<ReadOnlyFolder> readOnly;
+    if (fault.StartsWith("readonly ", &rest)) {
+        wxFileName::Mkdir(path("prj/"), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);  // what the tool would make first
+        readOnly = std::make_unique<ReadOnlyFolder>(path(rest));
+        if (!readOnly->made)
+            GTEST_SKIP() << "this file system cannot make a folder read-only for this user";
+        reason = ReadOnlyFolder::Reason();
+    } else if (fault == "full") {
+        // SIGXFSZ ignored, a write past the limit fails with EFBIG, as one on a full disk fails.
+        wrapper = {"/bin/sh", "-c", "trap '' XFSZ; ulimit -f 1; exec \"$@\"", "sh"};
+        reason = "File too large";
+    } else
+#endif
     if (fault.StartsWith("missing ", &rest))
         LeaveOut(rest);
     else if (fault.StartsWith("remove ", &rest))
@@ -229,10 +305,13 @@ TEST_P(FaultMatrix, StopsAtTheFailedStepWithItsMessage)
         // that could not start its program.
         if (!line.Contains(": simulated failure (faults.txt line ") && !line.StartsWith("execvp(") && !line.StartsWith("/bin/sh: "))
             said.Add(line);
+    wxString message = row.message;
+    message.Replace("{dir}", dir.path);
+    message.Replace("{reason}", reason);
     if (said.empty())
-        EXPECT_TRUE(wxJoin(run.out, '|', '\0').EndsWith(row.message)) << wxJoin(run.out, '|', '\0');
+        EXPECT_TRUE(wxJoin(run.out, '|', '\0').EndsWith(message)) << wxJoin(run.out, '|', '\0');
     else
-        EXPECT_EQ(wxJoin(said, '|', '\0'), row.message);
+        EXPECT_EQ(wxJoin(said, '|', '\0'), message);
     for (const wxString& file : files) {
         const wxString name = file.BeforeFirst('='), state = file.AfterFirst('=');
 #ifdef _WIN32

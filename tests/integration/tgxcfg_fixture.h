@@ -54,7 +54,10 @@ protected:
     CliRun Run(const std::vector<wxString>& args)
     {
         env.env["TGX_REGISTRY"] = registry;
-        wxString command = "\"" TGX_CLI_BINARY "\"";
+        wxString command;
+        for (const wxString& word : wrapper)
+            command << ExecuteArgument(word) << " ";
+        command << "\"" TGX_CLI_BINARY "\"";
         if (!installationOption.empty())
             command << " " << ExecuteArgument(installationOption);
         for (const wxString& arg : args)
@@ -85,5 +88,6 @@ protected:
     TempDir dir;
     wxString registry;
     wxString installationOption;  // put before every command's arguments when set
+    std::vector<wxString> wrapper;  // a command that runs tgxcfg, its arguments following
     wxExecuteEnv env;
 };

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 #include <wx/ffile.h>
+#include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/utils.h>
 
@@ -17,6 +18,7 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 extern char** environ;
 
@@ -84,6 +86,7 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
     if (wxGetEnv("TGX_SAVE_KILLS", &kills))
         kills.ToLong(&rounds);
     int killedMidway = 0;
+    pid_t killed = -1;
     for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(round);
         wxCopyFile(dir.path + "/old-saved.prj", dir.path + "/target.prj");
@@ -92,6 +95,7 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
         ASSERT_GT(pid, 0);
         std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
         kill(pid, SIGKILL);
+        killed = pid;
         int status = -1;
         waitpid(pid, &status, 0);
         const wxString prj = Bytes(dir.path + "/target.prj"), mbd = Bytes(dir.path + "/target.mbd");
@@ -100,5 +104,17 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
         killedMidway += prj == newPrj && mbd == oldMbd;
     }
     RecordProperty("killed between the two files", killedMidway);
+
+    // A whole save afterwards removes what the killed ones left beside the files; and a save goes
+    // through a link to the file it names, the link staying a link.
+    dir.Write(wxString::Format("target.prj.saving-%d-0", static_cast<int>(killed)), "cut short");  // for certain
+    ASSERT_TRUE(wxRenameFile(dir.path + "/target.mbd", dir.path + "/linked.mbd"));
+    ASSERT_EQ(symlink("linked.mbd", (dir.path + "/target.mbd").fn_str()), 0);
+    const pid_t pid = StartResave(dir.path + "/new.prj", dir.path + "/target.prj");
+    int status = -1;
+    ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_EQ(wxFindFirstFile(dir.path + "/target.prj.saving-*"), "");
+    EXPECT_TRUE(wxFileName(dir.path + "/target.mbd").Exists(wxFILE_EXISTS_SYMLINK | wxFILE_EXISTS_NO_FOLLOW));
+    EXPECT_TRUE(Bytes(dir.path + "/target.prj") == newPrj && Bytes(dir.path + "/linked.mbd") == newMbd);
 }
 #endif
