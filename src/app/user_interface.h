@@ -132,6 +132,15 @@ public:
     // Lets a finished step stay on screen for a moment.
     virtual void WaitSeconds(int seconds) { wxSleep(seconds); }
 
+    // Another run of the tool holds what this one needs next: called about five times a second
+    // until it is free, `first` on the first call. Shows `text` and lets the time pass.
+    virtual void WaitForOtherRun(const wxString& text, bool first)
+    {
+        (void)text;
+        (void)first;
+        wxMilliSleep(200);
+    }
+
     // A save did not write the project file or its map file; `message` names the file and the
     // system's reason. True: the workflow goes on, as the desktop tool's always have, without a
     // word (the project counts as saved). The console reports it and stops the workflow.

@@ -6,6 +6,7 @@
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
 #include "deploy/firmware_update.h"
+#include "deploy/installation_turn.h"
 #include "deploy/maintenance_commands.h"
 #include "cli/cli_json.h"
 #include "cli/console_user_interface.h"
@@ -190,6 +191,7 @@ int Generate(Session& s, const CliRequest& request, std::ostream& err)
         request.noBuild ? static_cast<ToolRunner&>(noBuild) : s.tools, *s.platform};
     wxString errorText, outputName;
     wxString outputFolder = request.outputFolder.empty() ? wxString() : AbsolutePath(request.outputFolder);
+    const InstallationTurn turn(ctx);
     if (GenerateConfiguration(ctx, errorText, outputFolder, outputName))
         return kSuccess;
     WriteLine(err, errorText);

@@ -44,6 +44,13 @@ public:
     void RefreshPanel() override { }
     void RefreshCommandList() override { }
     void ShowStatus(const wxString&) override { }
+    // Said once, on its own line.
+    void WaitForOtherRun(const wxString& text, bool first) override
+    {
+        if (first)
+            Print(text);
+        wxMilliSleep(200);
+    }
     // A script is told, and the workflow stops: nothing runs on a project that was not saved.
     bool ContinueAfterFailedSave(const wxString& message) override
     {

@@ -3,6 +3,7 @@
 #include "app/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
+#include "deploy/installation_turn.h"
 #include "project/project_file.h"
 
 const char* const kTagNamePrompt = "Enter a Tagname for this TG7";
@@ -91,15 +92,19 @@ bool ConfigureDevice(AppContext& ctx)
     if (!CheckGatewayVersions(ctx))
         return false;
     ctx.ui.PulseProgress("Building Configuration");
-    wxString errorText, outputFolder, outputName;
-    if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName)) {
-        Fail(ctx, errorText);
-        return false;
-    }
-    ctx.ui.PulseProgress("Uploading Configuration");
-    if (!UploadConfiguration(ctx, errorText)) {
-        Fail(ctx, errorText);
-        return false;
+    {
+        // Built and uploaded in one turn: no other run's files can come between.
+        const InstallationTurn turn(ctx);
+        wxString errorText, outputFolder, outputName;
+        if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName)) {
+            Fail(ctx, errorText);
+            return false;
+        }
+        ctx.ui.PulseProgress("Uploading Configuration");
+        if (!UploadConfiguration(ctx, errorText)) {
+            Fail(ctx, errorText);
+            return false;
+        }
     }
     ctx.ui.PulseProgress("Restarting the HART Gateway");
     if (!RebootDevice(ctx, 1)) {

@@ -3,6 +3,7 @@
 #include "app/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
+#include "deploy/installation_turn.h"
 #include "project/project_file.h"
 #include "project/text_file.h"
 
@@ -117,6 +118,9 @@ bool UpdateFirmware(AppContext& ctx)
     project.projectSaved = 1;
     project.projectFilePath.Clear();
 
+    // From the downloads into the project folder to the removal of the migrated project, the files
+    // of this gateway lie under fixed names in the installation's folders.
+    const InstallationTurn turn(ctx);
     // The downloads and the migrated project go to the project folder, which a fresh
     // installation may not have yet.
     {

@@ -3,11 +3,13 @@
 #include "app/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
+#include "deploy/installation_turn.h"
 #include "modbus/map_chain.h"
 #include "project/text_file.h"
 
 void GenerateAutomaticMap(AppContext& ctx)
 {
+    const InstallationTurn turn(ctx);
     // Empty folder and name: the generator's defaults. Its failure is not reported here.
     wxString errorText, outputFolder, outputName;
     if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName))

@@ -3,6 +3,7 @@
 #include "app/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
+#include "deploy/installation_turn.h"
 #include "modbus/map_chain.h"
 #include "project/project_file.h"
 #include "project/text_file.h"
@@ -10,14 +11,12 @@
 #include <wx/filefn.h>
 #include <wx/log.h>
 
-bool EditModbusMap(AppContext& ctx)
+namespace {
+
+// The configuration built, the chain run and the map edited, all in the build folder, in one turn.
+bool EditInBuildFolder(AppContext& ctx, const wxString& projectPath)
 {
-    if (!CheckMapProject(ctx, true))
-        return false;
-    const wxString projectPath = ctx.project.projectFilePath.GetFullPath();
-    // The map file beside the project is what the editor starts from.
-    if (!SaveProject(ctx, projectPath))
-        return false;
+    const InstallationTurn turn(ctx);
     wxString errorText, outputFolder, outputName;
     if (!GenerateConfiguration(ctx, errorText, outputFolder, outputName))
         return false;
@@ -65,5 +64,20 @@ bool EditModbusMap(AppContext& ctx)
     RemoveMapChainFile(ctx, "_temp.json");
     ReadTextLines(MapChainFile(ctx, "_temp.mbd"), ctx.project.modbusMapLines);
     RemoveMapChainFile(ctx, "_temp.mbd");
+    return true;
+}
+
+}  // namespace
+
+bool EditModbusMap(AppContext& ctx)
+{
+    if (!CheckMapProject(ctx, true))
+        return false;
+    const wxString projectPath = ctx.project.projectFilePath.GetFullPath();
+    // The map file beside the project is what the editor starts from.
+    if (!SaveProject(ctx, projectPath))
+        return false;
+    if (!EditInBuildFolder(ctx, projectPath))
+        return false;
     return SaveProject(ctx, projectPath);
 }

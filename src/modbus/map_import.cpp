@@ -1,6 +1,7 @@
 #include "modbus/map_import.h"
 
 #include "app/app_context.h"
+#include "deploy/installation_turn.h"
 #include "deploy/device_tools.h"
 #include "modbus/map_chain.h"
 #include "project/project_file.h"
@@ -17,15 +18,18 @@ bool ImportMapFromDevice(AppContext& ctx)
     ctx.ui.BeginProgress("Load Modbus map from TG7\n", "Downloading modbus map");
     ctx.ui.PulseProgress("Downloading modbus map");
     const wxString localFile = ctx.env.TgxProjectPath + ctx.platform.PathSeparator() + "MBMAP1.csv";
-    if (FetchDeviceFile(ctx, "TG7/MBMAP1.csv", localFile)) {
-        // A file that cannot be read is not reported either.
-        ReadTextLines(localFile, ctx.project.modbusMapLines);
-        wxLogNull quiet;
-        wxRemoveFile(localFile);
-    } else {
-        wxArrayString printed;
-        if (PrintDeviceMap(ctx, printed))
-            ctx.project.modbusMapLines = printed;
+    {
+        const InstallationTurn turn(ctx);  // the download's name in the project folder is fixed
+        if (FetchDeviceFile(ctx, "TG7/MBMAP1.csv", localFile)) {
+            // A file that cannot be read is not reported either.
+            ReadTextLines(localFile, ctx.project.modbusMapLines);
+            wxLogNull quiet;
+            wxRemoveFile(localFile);
+        } else {
+            wxArrayString printed;
+            if (PrintDeviceMap(ctx, printed))
+                ctx.project.modbusMapLines = printed;
+        }
     }
     ctx.ui.EndProgress();
     return SaveProject(ctx, ctx.project.projectFilePath.GetFullPath());

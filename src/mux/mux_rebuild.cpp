@@ -1,6 +1,7 @@
 #include "mux/mux_rebuild.h"
 
 #include "app/app_context.h"
+#include "deploy/installation_turn.h"
 #include "mux/mux_scan.h"
 #include "mux/mux_scan_window.h"
 #include "project/unicode_text.h"
@@ -59,6 +60,7 @@ bool RebuildMuxLoops(AppContext& ctx, MuxScanWindow& window)
         ctx.ui.EndProgress();
         return false;
     };
+    const ComPortTurn comPort(ctx);
     const wxArrayString freeNames = ctx.platform.FreeComPortNames();
     if (freeNames.empty())
         return fail(kNoFreeComNames);

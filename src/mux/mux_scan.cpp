@@ -4,12 +4,15 @@
 #include "deploy/config_generator.h"
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
+#include "deploy/installation_turn.h"
 #include "project/project_file.h"
 #include "remote/remote_com_port.h"
 
 #include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/log.h>
+
+#include <memory>
 
 const char* const kMuxBaudRates[7] = {"4800", "9600", "19200", "38400", "57600", "76800", "115200"};
 const char* const kMuxNoContact = "Unable to communicate with multiplexer\nYou must configure the TG7 manually";
@@ -158,6 +161,7 @@ bool MuxScanCommand(AppContext& ctx)
     project.serialBaudRate = static_cast<int>(baud);
     ctx.ui.RefreshPanel();
     const wxString baseProject = ctx.env.TgxProjectPath + ctx.platform.PathSeparator() + "MUXempty.prj";
+    auto turn = std::make_unique<InstallationTurn>(ctx);  // the base project and the build, until uploaded
     project.projectFilePath.Assign(baseProject);
     // The build takes its project copy from this file: the folder must be there.
     {
@@ -180,11 +184,13 @@ bool MuxScanCommand(AppContext& ctx)
         wxRemoveFile(baseProject);
         wxRemoveFile(MapFilePath(baseProject));
     }
+    turn.reset();
     ctx.ui.PulseProgress("Restarting the HART Gateway");
     if (!RebootDevice(ctx, 1)) {
         Fail(ctx, "ERROR : Failed to reboot TG7");
         return false;
     }
+    const ComPortTurn comPort(ctx);
     const wxArrayString freeNames = ctx.platform.FreeComPortNames();
     if (freeNames.empty()) {
         Fail(ctx, kNoFreeComNames);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "deploy/tool_command.h"
+#include "platform/process_locks.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>
@@ -45,6 +46,15 @@ public:
     // The command line that runs `command` through the platform's shell, without redirection.
     // Only command lines the tool composes itself pass through here.
     virtual ToolCommand ShellCommand(const wxString& command) const = 0;
+
+    // Tries to take the inter-process lock of `file` without waiting (see process_locks.h).
+    virtual LockAttempt TryLock(const wxString& file, std::unique_ptr<InterProcessLock>& lock)
+    {
+        return locks.TryLock(file, lock);
+    }
+
+private:
+    ProcessLocks locks;
 };
 
 // The implementation for the platform the tool was built for.

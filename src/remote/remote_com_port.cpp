@@ -1,6 +1,7 @@
 #include "remote/remote_com_port.h"
 
 #include "app/app_context.h"
+#include "deploy/installation_turn.h"
 #include "project/unicode_text.h"
 
 #include <wx/log.h>
@@ -37,6 +38,7 @@ bool ParseVirtualPortReport(const wxString& line, VirtualPortReport& report)
 bool RemoteComPortCommand(AppContext& ctx)
 {
     wxLogNull quiet;  // a ttvsp that cannot be started shows its own message, not a log box
+    const ComPortTurn comPort(ctx);
     const wxArrayString freeNames = ctx.platform.FreeComPortNames();
     wxArrayString output;
     if (ctx.tools.RunCaptured(ToolCommand("ttvsp").Arg("-g"), output) == -1) {

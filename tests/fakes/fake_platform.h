@@ -44,4 +44,23 @@ public:
     {
         return ToolCommand::FixedLine("cmd.exe /C " + command);
     }
+    // Another process holds the lock for this many attempts; then this one takes it. Each taking
+    // and release is listed in lockEvents ("lock FILE", "unlock").
+    int busyAttempts = 0;
+    wxArrayString lockEvents;
+    LockAttempt TryLock(const wxString& file, std::unique_ptr<InterProcessLock>& lock) override
+    {
+        if (busyAttempts > 0) {
+            --busyAttempts;
+            return LockAttempt::Busy;
+        }
+        struct Noted : InterProcessLock {
+            explicit Noted(wxArrayString& events) : events(events) {}
+            ~Noted() override { events.Add("unlock"); }
+            wxArrayString& events;
+        };
+        lockEvents.Add("lock " + file);
+        lock = std::make_unique<Noted>(lockEvents);
+        return LockAttempt::Taken;
+    }
 };

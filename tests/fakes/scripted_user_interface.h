@@ -50,6 +50,11 @@ public:
     void RefreshPanel() override;
     void RefreshCommandList() override;
     void WaitSeconds(int seconds) override;  // recorded, not waited
+    void WaitForOtherRun(const wxString& text, bool first) override  // recorded once, not waited
+    {
+        if (first)
+            events.push_back("waiting: " + text);
+    }
     void ShowStatus(const wxString& text) override;
 
     // The remote, scan and rebuild dialogs, answered and recorded as the device dialog is.

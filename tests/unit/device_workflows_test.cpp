@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <tuple>
 
 TEST(TargetAddress, PromptSplitsAtTheLastColon)
@@ -70,7 +72,14 @@ protected:
 TEST_F(Configure, ASuccessfulRunInOrder)
 {
     tools.replies = {Report("Firmware: TG7main-v6.2.2-build7"), {0, {}}, {0, {}}, {0, {}}};
+    // Another run has the installation for two attempts; the build and the upload are one turn.
+    platform.busyAttempts = 2;
+    tools.onRun = [this](const wxString& command) { platform.lockEvents.Add(command.BeforeFirst(' ')); };
     ConfigureDevice(ctx);
+    EXPECT_EQ(platform.lockEvents, Lines({"ttdevtype", "lock " + env.TgxBuildPath + "/tgxconfig.lock", "ttbuild",
+                                          "ttrestore", "unlock", "ttreboot"}));
+    EXPECT_EQ(std::count(ui.events.begin(), ui.events.end(), "waiting: Waiting for another run of the configuration "
+                                                             "tool to finish with " + env.TgxBuildPath), 1);
     EXPECT_EQ(GetText(project.tagName), "Boiler12");
     EXPECT_TRUE(project.projectSaved == 1 && wxFileExists(dir.path + "/plant.prj"));
     EXPECT_EQ(ui.textForms.at(1).message + "|" + ui.textForms.at(1).allowedChars,

@@ -1,0 +1,34 @@
+#include "deploy/installation_turn.h"
+
+#include "app/app_context.h"
+
+#include <wx/filename.h>
+
+const char* const kInstallationLockName = "tgxconfig.lock";
+
+namespace {
+
+// Takes the lock of `file`, waiting (and saying so) while another run holds it. Unavailable: the
+// file's folder is not there, and the run fails where it needs it.
+void TakeTurn(AppContext& ctx, const wxString& file, const wxString& waiting, std::unique_ptr<InterProcessLock>& lock)
+{
+    LockAttempt attempt = ctx.platform.TryLock(file, lock);
+    for (bool first = true; attempt == LockAttempt::Busy; first = false) {
+        ctx.ui.WaitForOtherRun(waiting, first);
+        attempt = ctx.platform.TryLock(file, lock);
+    }
+}
+
+}  // namespace
+
+InstallationTurn::InstallationTurn(AppContext& ctx)
+{
+    TakeTurn(ctx, ctx.env.TgxBuildPath + ctx.platform.PathSeparator() + kInstallationLockName,
+             "Waiting for another run of the configuration tool to finish with " + ctx.env.TgxBuildPath, lock);
+}
+
+ComPortTurn::ComPortTurn(AppContext& ctx)
+{
+    TakeTurn(ctx, wxFileName::GetTempDir() + ctx.platform.PathSeparator() + "tgxconfig-com-port.lock",
+             "Waiting for another run of the configuration tool to finish with the virtual COM port", lock);
+}

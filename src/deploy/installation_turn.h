@@ -1,0 +1,35 @@
+// Runs of the tool on one installation (tgxcfg processes, desktop windows, at once) take turns over
+// what they share: the build folder's INCLUDE, ADDITIONAL and OUTPUT, which the suite's tools read
+// and write under fixed names, and the working files of the project folder (a download, the
+// migrated or base project). A turn is held from its making to its end, by an inter-process lock
+// on the build folder's "tgxconfig.lock", which a run that ends in any way gives up. A run that
+// must wait says so. Nested turns of one run are one turn.
+#pragma once
+
+#include "platform/process_locks.h"
+
+#include <memory>
+
+struct AppContext;
+
+class InstallationTurn {
+public:
+    explicit InstallationTurn(AppContext& ctx);
+
+private:
+    std::unique_ptr<InterProcessLock> lock;
+};
+
+// The same for the PC's virtual COM port, which the remote COM port settings and the multiplexer
+// scan and rebuild create, use and remove under names of the PC's free COM names: one run at a
+// time, by a lock in the system's temporary folder.
+class ComPortTurn {
+public:
+    explicit ComPortTurn(AppContext& ctx);
+
+private:
+    std::unique_ptr<InterProcessLock> lock;
+};
+
+// The file whose lock the installation's turns take, in its build folder.
+extern const char* const kInstallationLockName;
