@@ -1,6 +1,7 @@
 #include "deploy/device_tools.h"
 
 #include "app/app_context.h"
+#include "project/text_file.h"
 
 const char* const kTargetAddressPrompt = "Enter device IP address or domain name";
 
@@ -67,5 +68,10 @@ bool FetchDeviceFile(AppContext& ctx, const char* remote, const wxString& local)
 
 bool PrintDeviceMap(AppContext& ctx, wxArrayString& lines)
 {
-    return ctx.tools.RunCaptured(ToolCommand("ttmbprint").QuotedArg(ctx.target.targetHost).Arg("-f=2"), lines) == 0;
+    if (ctx.tools.RunCaptured(ToolCommand("ttmbprint").QuotedArg(ctx.target.targetHost).Arg("-f=2"), lines) != 0)
+        return false;
+    // No gateway takes a larger map: what a damaged printout has beyond is dropped.
+    if (lines.size() > kMaxTextFileLines)
+        lines.RemoveAt(kMaxTextFileLines, lines.size() - kMaxTextFileLines);
+    return true;
 }

@@ -24,9 +24,10 @@ void GenerateAutomaticMap(AppContext& ctx)
         ctx.ui.ShowMessage(wxString::Format("Failed to generate Modbus map - inifile error code %ld", code));
         return;
     }
-    // A map file that cannot be read leaves the map as it was.
+    // A map file that cannot be read leaves the map as it was. No gateway takes more lines than a
+    // map file holds: what a damaged printout has beyond is dropped.
     wxArrayString generated;
-    if (!ReadTextLines(MapChainFile(ctx, "_temp.mbd"), generated)) {
+    if (ReadFirstTextLines(MapChainFile(ctx, "_temp.mbd"), generated) != TextFileRead::Read) {
         // "genrated" is misspelt on purpose: the message is kept as users and their notes know it.
         ctx.ui.ShowMessage("Failed to read the auto genrated map file");
         return;

@@ -62,7 +62,8 @@ bool EditInBuildFolder(AppContext& ctx, const wxString& projectPath)
                                     .Arg("/s")
                                     .Arg(wxString::Format("%d", FloatSwapCode(ctx.project))));
     RemoveMapChainFile(ctx, "_temp.json");
-    ReadTextLines(MapChainFile(ctx, "_temp.mbd"), ctx.project.modbusMapLines);
+    // The editor's map, as far as a gateway takes it; one that cannot be read leaves the map as it was.
+    ReadFirstTextLines(MapChainFile(ctx, "_temp.mbd"), ctx.project.modbusMapLines);
     RemoveMapChainFile(ctx, "_temp.mbd");
     return true;
 }

@@ -371,6 +371,18 @@ TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_
     return result;
 }
 
+TextFileRead ReadFirstTextLines(const wxString& path, wxArrayString& lines, std::size_t maxLines)
+{
+    wxArrayString read;
+    const TextFileRead result = ReadTextFile(path, [&read, maxLines](const wxString& line) {
+        if (read.size() < maxLines)
+            read.Add(line);
+    });
+    if (result == TextFileRead::Read)
+        lines.swap(read);
+    return result;
+}
+
 bool ReadTextLines(const wxString& path, wxArrayString& lines)
 {
     return ReadTextFile(path, lines) == TextFileRead::Read;

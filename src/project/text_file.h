@@ -31,6 +31,9 @@ TextFileRead ReadTextFile(const wxString& path, const std::function<void(const w
 // `maxLines`; otherwise (and when it cannot be read) `lines` stays as it was.
 TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_t maxLines = kMaxTextFileLines);
 
+// The same for a file a tool printed: its first `maxLines` lines are kept, the rest read and dropped.
+TextFileRead ReadFirstTextLines(const wxString& path, wxArrayString& lines, std::size_t maxLines = kMaxTextFileLines);
+
 // ReadTextFile(path, lines) == TextFileRead::Read.
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 
