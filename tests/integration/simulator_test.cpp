@@ -1,8 +1,9 @@
-// The gateway simulator where no workflow test reaches it: strict command lines. The fault rules
-// are proven by the fault matrix that injects them. What each tool does for a workflow (the template
-// expansion of ttbuild included), and the admin commands (set, reset), are proven by the workflow
-// tests that use them. Each tool is started by name from PATH, a process of its own, all sharing
-// one scratch state folder.
+// The gateway simulator where no workflow test reaches it: strict command lines, gateways told
+// apart by loopback address, runs at the same moment. The fault rules are proven by the fault
+// matrix that injects them. What each tool does for a workflow (the template expansion of ttbuild
+// included), and the admin commands (set, reset), are proven by the workflow tests that use them.
+// Each tool is started by name from PATH, a process of its own, all sharing one scratch state
+// folder.
 #include "deploy/captured_output.h"
 #include "deploy/tool_runner.h"
 #include "project/text_file.h"
@@ -12,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <thread>
 #include <vector>
@@ -114,12 +116,15 @@ TEST_F(Simulator, RunsAtTheSameMomentLogAndCountEachRun)
     ASSERT_EQ(Run("tgxsim fault delay ttreboot 0.3").code, 0);
     ASSERT_EQ(Run("tgxsim fault add ttreboot exit=3 fails=4 output=down").code, 0);
     std::vector<std::thread> runs;
-    for (int i = 2; i < 10; ++i)
-        runs.emplace_back([this, i] {
-            std::system(wxString::Format("ttreboot 127.0.0.%d -w >\"%s/reboot%d.txt\"", i, dir.path, i).utf8_str());
+    std::vector<int> codes(8);  // as the shell reports them: zero or not is all they share
+    for (int i = 0; i < 8; ++i)
+        runs.emplace_back([this, i, &codes] {
+            codes[i] = std::system(wxString::Format("ttreboot 127.0.0.%d -w >\"%s/reboot%d.txt\"", i + 2, dir.path,
+                i).utf8_str());
         });
     for (std::thread& run : runs)
         run.join();
+    EXPECT_EQ(std::count(codes.begin(), codes.end(), 0), 4);
 
     const wxArrayString runLog = LogLines("run.log");
     ASSERT_EQ(runLog.size(), 8u) << wxJoin(runLog, '\n');
