@@ -2,6 +2,7 @@
 
 #include "exit_codes.h"
 #include "fault_plan.h"
+#include "file_lock.h"
 #include "run_tool.h"
 #include "sim_state.h"
 #include "text_io.h"
@@ -23,6 +24,9 @@ const char* const kHelp[] = {
     "  tgxsim home                          the state folder (TGXSIM_HOME, default ~/.tgxsim)",
     "  tgxsim set type|firmware|templates VALUE",
     "  tgxsim reset                         back to a factory-fresh gateway",
+    "  tgxsim gateways                      the gateways: the default one, then those at 127.a.b.c",
+    "  tgxsim --gateway=ADDRESS show|home|set|reset|mux ...",
+    "                                       the same for the gateway at ADDRESS (127.a.b.c)",
     "  tgxsim fault add TOOL [match=PATTERN] [exit=CODE] [fails=N] [output=LINE]...",
     "  tgxsim fault delay TOOL SECONDS",
     "  tgxsim fault list",
@@ -39,8 +43,8 @@ const char* const kHelp[] = {
 int Usage(const wxString& problem)
 {
     PrintError("tgxsim: " + problem);
-    PrintError("usage: tgxsim show | home | set KEY VALUE | reset | fault add|delay|list|clear ... | run TOOL ... "
-               "| tools | help");
+    PrintError("usage: tgxsim [--gateway=ADDRESS] show | home | set KEY VALUE | reset | mux ... ; tgxsim gateways "
+               "| fault add|delay|list|clear ... | run TOOL ... | tools | help");
     return kExitUsage;
 }
 
@@ -85,7 +89,7 @@ int Set(SimState& state, const wxArrayString& args)
         return Usage(problem);
     *field = value;
     if (!state.SaveSettings(settings)) {
-        PrintError("tgxsim: cannot write " + state.File("settings.ini"));
+        PrintError("tgxsim: cannot write " + state.GatewayFile("settings.ini"));
         return kExitStateFolder;
     }
     return kExitOk;
@@ -94,7 +98,7 @@ int Set(SimState& state, const wxArrayString& args)
 void ListFiles(const SimState& state, const char* folder, const wxString& remotePrefix)
 {
     wxArrayString files;
-    const wxString base = state.File(folder);
+    const wxString base = state.GatewayFile(folder);
     wxDir::GetAllFiles(base, &files);
     files.Sort();
     for (const wxString& file : files) {
@@ -114,7 +118,10 @@ int ListFaults(const SimState& state)
         return kExitFaultFile;
     }
     FaultCounters counters;
-    LoadFaultCounters(state.File("fault-counters.txt"), counters);
+    if (wxFileExists(state.File("fault-counters.txt"))) {
+        const FileLock lock(state.File("fault-counters.lock"));  // not read while a run rewrites it
+        LoadFaultCounters(state.File("fault-counters.txt"), counters);
+    }
     if (plan.rules.empty() && plan.delays.empty())
         PrintLine("  (none)");
     for (const FaultRule& rule : plan.rules) {
@@ -133,6 +140,8 @@ int Show(const SimState& state)
     GatewaySettings settings;
     state.LoadSettings(settings);
     PrintLine("state folder: " + state.Folder());
+    if (!state.Gateway().empty())
+        PrintLine("gateway:      " + state.Gateway() + " (" + state.GatewayFolder() + ")");
     PrintLine("device type:  " + settings.deviceType);
     PrintLine("firmware:     " + settings.firmware);
     PrintLine("templates:    " + settings.templates);
@@ -142,7 +151,7 @@ int Show(const SimState& state)
     PrintLine("faults (faults.txt):");
     const int code = ListFaults(state);
     wxArrayString boots;
-    ReadLines(state.File("boot.log"), boots);
+    ReadLines(state.GatewayFile("boot.log"), boots);
     PrintLine(wxString::Format("restarts (boot.log): %zu", boots.size()));
     for (size_t i = boots.size() > 5 ? boots.size() - 5 : 0; i < boots.size(); ++i)
         PrintLine("  " + boots[i]);
@@ -157,7 +166,10 @@ int Fault(const SimState& state, const wxArrayString& args)
         return ListFaults(state);
     if (verb == "clear" && args.size() == 2) {
         wxRemoveFile(faultsPath);
-        wxRemoveFile(state.File("fault-counters.txt"));
+        if (wxFileExists(state.File("fault-counters.txt"))) {
+            const FileLock lock(state.File("fault-counters.lock"));
+            wxRemoveFile(state.File("fault-counters.txt"));
+        }
         return kExitOk;
     }
     wxString line;
@@ -182,11 +194,44 @@ int Fault(const SimState& state, const wxArrayString& args)
     return kExitOk;
 }
 
+void PrintGateway(const SimState& state)
+{
+    GatewaySettings settings;
+    state.LoadSettings(settings);
+    PrintLine(wxString::Format("%-15s %s, firmware %s, templates %s  (%s)",
+        state.Gateway().empty() ? wxString("default") : state.Gateway(), settings.deviceType, settings.firmware,
+        settings.templates, state.GatewayFolder()));
+}
+
+int ListGateways(SimState& state)
+{
+    PrintGateway(state);
+    for (const wxString& name : state.GatewayNames()) {
+        wxString problem;
+        state.SelectGateway(name, problem);
+        PrintGateway(state);
+    }
+    return kExitOk;
+}
+
 }  // namespace
 
-int RunAdmin(const wxArrayString& args)
+int RunAdmin(const wxArrayString& allArgs)
 {
+    // "--gateway=ADDRESS" first: the commands that work on one gateway work on that one.
+    wxArrayString args(allArgs);
+    wxString address;
+    const bool gatewayGiven = !args.empty() && args[0].StartsWith("--gateway=", &address);
+    if (gatewayGiven) {
+        args.RemoveAt(0);
+        if (address.empty() || address.StartsWith("-") || address.find_first_of(" \t") != wxString::npos)
+            return Usage("'" + address + "' is not a gateway address");
+    }
     const wxString command = args.empty() ? wxString("help") : args[0];
+    if (gatewayGiven && command != "show" && command != "home" && command != "set" && command != "reset" &&
+        command != "mux")
+        return Usage("--gateway goes with show, home, set, reset or mux; '" + command + "' works on what all gateways "
+                     "share" + (command == "fault" ? " (a rule picks a gateway with match=ADDRESS)" : ""));
     if (command == "help" || command == "--help" || command == "-h") {
         for (const char* line : kHelp)
             PrintLine(line);
@@ -206,7 +251,7 @@ int RunAdmin(const wxArrayString& args)
     }
 
     SimState state(SimState::FolderFromEnvironment());
-    if (command == "reset") {
+    if (command == "reset" && !gatewayGiven) {
         wxString problem;
         if (args.size() != 1)
             return Usage("reset takes no arguments");
@@ -218,10 +263,26 @@ int RunAdmin(const wxArrayString& args)
     }
     if (!OpenState(state))
         return kExitStateFolder;
-    if (command == "home" && args.size() == 1) {
-        PrintLine(state.Folder());
+    wxString problem;
+    if (!state.SelectGateway(address, problem)) {
+        PrintError("tgxsim: " + problem);
+        return kExitStateFolder;
+    }
+    if (command == "reset") {
+        if (args.size() != 1)
+            return Usage("reset takes no arguments");
+        if (!state.ResetGateway(problem)) {
+            PrintError("tgxsim: " + problem);
+            return kExitStateFolder;
+        }
         return kExitOk;
     }
+    if (command == "home" && args.size() == 1) {
+        PrintLine(state.GatewayFolder());
+        return kExitOk;
+    }
+    if (command == "gateways" && args.size() == 1)
+        return ListGateways(state);
     if (command == "show" && args.size() == 1)
         return Show(state);
     if (command == "set")

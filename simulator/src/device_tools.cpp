@@ -68,13 +68,13 @@ public:
             return kExitFailed;
         }
 
-        const wxString configFolder = context.state.File("TG7/config");
+        const wxString configFolder = context.state.GatewayFile("TG7/config");
         wxArrayString old;
         wxDir::GetAllFiles(configFolder, &old, wxEmptyString, wxDIR_FILES);
         for (const wxString& file : old)
             wxRemoveFile(file);
         for (const Item& item : items) {
-            const wxString target = context.state.File(wxString(item.remoteFolder) + "/" + item.name);
+            const wxString target = context.state.GatewayFile(wxString(item.remoteFolder) + "/" + item.name);
             if (!wxCopyFile(LocalPath(context, item.name), target, true)) {
                 ToolError("ttrestore", "cannot write " + target);
                 return kExitCannotWrite;
@@ -126,7 +126,7 @@ public:
         const wxString line = wxString::Format(
             "%s\thost=%s\tTT_SSH_PORT=%s\toptions=%s", Timestamp(), host, SshPortForLog(), options.Trim(false));
         if (!context.state.AppendBootLog(line)) {
-            ToolError("ttreboot", "cannot write " + context.state.File("boot.log"));
+            ToolError("ttreboot", "cannot write " + context.state.GatewayFile("boot.log"));
             return kExitCannotWrite;
         }
         if (wait)
@@ -156,7 +156,7 @@ public:
     int Run(ToolContext& context) override
     {
         wxArrayString lines;
-        if (!ReadLines(context.state.File("TG7/MBMAP1.csv"), lines)) {
+        if (!ReadLines(context.state.GatewayFile("TG7/MBMAP1.csv"), lines)) {
             ToolError("ttmbprint", "no Modbus map on the gateway at " + host);
             return kExitFailed;
         }

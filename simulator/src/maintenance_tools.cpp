@@ -39,7 +39,7 @@ public:
         context.state.LoadSettings(settings);
         settings.firmware = version;
         if (!context.state.SaveSettings(settings)) {
-            ToolError("ttfirmware", "cannot write " + context.state.File("settings.ini"));
+            ToolError("ttfirmware", "cannot write " + context.state.GatewayFile("settings.ini"));
             return kExitCannotWrite;
         }
         PrintLine("Firmware " + version + " installed on " + host);
@@ -71,6 +71,7 @@ public:
         return true;
     }
     wxString Host() const override { return host; }
+    wxString GatewayAddress(const SimState&) const override { return host; }
     int Run(ToolContext& context) override
     {
         GatewaySettings settings;
@@ -78,7 +79,7 @@ public:
         PrintLine(wxString::Format("Live data of %s at %s (firmware %s, simulated values)", settings.deviceType, host,
             settings.firmware));
         wxArrayString map;
-        if (!ReadLines(context.state.File("TG7/MBMAP1.csv"), map) || map.empty()) {
+        if (!ReadLines(context.state.GatewayFile("TG7/MBMAP1.csv"), map) || map.empty()) {
             PrintLine("No Modbus map on the gateway: nothing to show");
             return kExitOk;
         }

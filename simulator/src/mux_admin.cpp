@@ -75,7 +75,7 @@ int RunMuxAdmin(const SimState& state, const wxArrayString& args)
         return MuxUsage("unknown mux command");
     }
     if (!SaveMultiplexer(state, mux)) {
-        PrintError("tgxsim: cannot write " + state.File("mux.txt"));
+        PrintError("tgxsim: cannot write " + state.GatewayFile("mux.txt"));
         return kExitStateFolder;
     }
     return kExitOk;

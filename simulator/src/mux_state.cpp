@@ -15,7 +15,7 @@ namespace {
 wxString GatewayProjectValue(const SimState& state, const wxString& key)
 {
     wxArrayString lines;
-    ReadLines(state.File("TG7/tgxconfig.prj"), lines);
+    ReadLines(state.GatewayFile("TG7/tgxconfig.prj"), lines);
     wxString value;
     for (const wxString& line : lines)
         if (line.StartsWith(key + ":", &value))
@@ -69,7 +69,7 @@ bool LoadMultiplexer(const SimState& state, Multiplexer& mux)
 {
     mux = Multiplexer{};
     wxArrayString lines;
-    if (!ReadLines(state.File("mux.txt"), lines))
+    if (!ReadLines(state.GatewayFile("mux.txt"), lines))
         return true;  // a factory-fresh multiplexer: no devices
     for (const wxString& line : lines) {
         wxArrayString words;
@@ -108,7 +108,7 @@ bool SaveMultiplexer(const SimState& state, const Multiplexer& mux)
     for (const MuxDevice& d : mux.devices)
         lines.Add(wxString::Format("device %d %d ", d.loop, d.pollAddress) + QuoteWord(d.longAddress) + " " +
                   QuoteWord(d.tag) + " " + QuoteWord(d.description) + (d.listed ? " listed" : " unlisted"));
-    return WriteLines(state.File("mux.txt"), lines);
+    return WriteLines(state.GatewayFile("mux.txt"), lines);
 }
 
 wxArrayString DeviceListLines(const Multiplexer& mux)

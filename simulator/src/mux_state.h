@@ -1,11 +1,13 @@
-// The PC's virtual COM port and the HART multiplexer behind the simulated gateway, kept in the
-// state folder:
+// The PC's virtual COM port and the HART multiplexer behind a simulated gateway. The PC's side
+// is shared, in the state folder; each gateway has its own multiplexer (sim_state.h):
 //
-//   vsp.txt            the virtual COM port, "COMn HOST PORT", while one exists
+//   vsp.txt            the virtual COM port, "COMn HOST PORT", while one exists; HOST picks the
+//                      gateway whose multiplexer pfmux reaches
 //   pc-com-ports.txt   the COM names the PC's own ports take, one per line
 //   com-ports.txt      every taken COM name (the PC's and the virtual port's), rewritten on each
 //                      change: the configuration tool's COM name probe reads it
-//   mux.txt            the multiplexer: its address, the rebuild duration, the devices on its loops
+//   mux.txt            the gateway's multiplexer: its address, the rebuild duration, the devices
+//                      on its loops
 #pragma once
 
 #include "sim_state.h"

@@ -22,6 +22,7 @@ class VspTool : public Tool {
 public:
     wxString Usage() const override { return "ttvsp -g | ttvsp COMn HOST -p=PORT | ttvsp [COMn] -d"; }
     wxString Host() const override { return host; }
+    wxString GatewayAddress(const SimState&) const override { return host; }
     bool ParseArguments(const wxArrayString& args, wxString& problem) override
     {
         const size_t n = args.size();
@@ -93,6 +94,12 @@ public:
         return "pfmux COMn -rdl | pfmux COMn -rads | pfmux COMn -wm=1 -wrl=1:1 -wmm=1 -wlm=0|1 -rl=MASK";
     }
     wxString Host() const override { return comName; }
+    // The multiplexer behind the gateway the virtual port points at.
+    wxString GatewayAddress(const SimState& state) const override
+    {
+        VirtualPort port;
+        return LoadVirtualPort(state, port) ? port.host : wxString();
+    }
     bool ParseArguments(const wxArrayString& args, wxString& problem) override
     {
         if (args.empty() || !IsComName(args[0])) {

@@ -2,6 +2,7 @@
 
 #include "exit_codes.h"
 #include "fault_plan.h"
+#include "file_lock.h"
 #include "sim_state.h"
 #include "text_io.h"
 #include "tool_registry.h"
@@ -49,13 +50,20 @@ int ApplyFaults(const SimState& state, const wxString& name, const wxArrayString
     if (plan.rules.empty())
         return -1;
 
-    // The count is stored before the tool acts, so a run that crashes still counts.
+    // The count is stored before the tool acts, so a run that crashes still counts; under the
+    // lock, so that runs at the same moment each count.
     const wxString countersPath = state.File("fault-counters.txt");
-    FaultCounters counters;
-    LoadFaultCounters(countersPath, counters);
-    const FaultRule* rule = DecideFault(plan, name, JoinArguments(args), counters);
-    if (!SaveFaultCounters(countersPath, counters))
-        ToolError(name, "cannot write " + countersPath + "; fault counts will not persist");
+    const FaultRule* rule = nullptr;
+    {
+        const FileLock lock(state.File("fault-counters.lock"));
+        if (!lock.Held())
+            ToolError(name, "cannot lock " + state.File("fault-counters.lock") + "; counts may be lost");
+        FaultCounters counters;
+        LoadFaultCounters(countersPath, counters);
+        rule = DecideFault(plan, name, JoinArguments(args), counters);
+        if (!SaveFaultCounters(countersPath, counters))
+            ToolError(name, "cannot write " + countersPath + "; fault counts will not persist");
+    }
     if (!rule)
         return -1;
 
@@ -101,6 +109,10 @@ int RunTool(const wxString& name, const wxArrayString& args)
         PrintError("usage: " + tool->Usage());
         code = kExitUsage;
         note = "usage error";
+    } else if (!state.SelectGateway(tool->GatewayAddress(state), problem)) {
+        ToolError(name, problem);
+        code = kExitStateFolder;
+        note = "gateway state unusable";
     } else {
         code = ApplyFaults(state, name, args, note);
         if (code < 0)

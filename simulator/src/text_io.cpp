@@ -8,7 +8,16 @@
 #include <wx/filefn.h>
 
 #include <cstdio>
+#include <string>
 #include <vector>
+
+#ifdef __WINDOWS__
+#include <wx/msw/wrapwin.h>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace sim {
 
@@ -63,12 +72,31 @@ bool WriteLines(const wxString& path, const wxArrayString& lines)
     return WriteTextLines(path, lines);
 }
 
+// Opened for appending only and written with one call, so that the lines of processes appending
+// at the same moment never interleave and none overwrites another.
 bool AppendLine(const wxString& path, const wxString& line)
 {
-    wxFile file(path, wxFile::write_append);
-    if (!file.IsOpened())
+    const std::string bytes = Utf8Bytes(line) + "\r\n";
+#ifdef __WINDOWS__
+    const HANDLE file = ::CreateFileW(path.wc_str(), FILE_APPEND_DATA,
+        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
         return false;
-    return file.Write(EncodableText(line) + "\r\n", wxConvUTF8) && file.Close();
+    DWORD written = 0;
+    const bool ok = ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+                    written == bytes.size();
+    return ::CloseHandle(file) && ok;
+#else
+    const int file = ::open(path.fn_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    if (file < 0)
+        return false;
+    ssize_t written;
+    do
+        written = ::write(file, bytes.data(), bytes.size());
+    while (written < 0 && errno == EINTR);
+    const bool ok = written == static_cast<ssize_t>(bytes.size());
+    return ::close(file) == 0 && ok;
+#endif
 }
 
 void PrintLine(const wxString& line)

@@ -28,6 +28,9 @@ public:
     virtual bool ParseArguments(const wxArrayString& args, wxString& problem) = 0;
     // The gateway address the tool was given, for the run log; empty for local tools.
     virtual wxString Host() const { return wxString(); }
+    // The address that picks the gateway the tool works on (SimState::GatewayName); empty for
+    // the default gateway, as for tools that reach none.
+    virtual wxString GatewayAddress(const SimState&) const { return wxString(); }
     // Does the work; prints its own output and messages. Returns the exit code.
     virtual int Run(ToolContext& context) = 0;
 };
@@ -36,6 +39,7 @@ public:
 class GatewayTool : public Tool {
 public:
     wxString Host() const override { return host; }
+    wxString GatewayAddress(const SimState&) const override { return host; }
 
 protected:
     // Takes the host from args[0] and checks the count of the rest.

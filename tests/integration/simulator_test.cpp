@@ -1,15 +1,22 @@
-// The gateway simulator where no workflow test reaches it: strict command lines. The fault rules
-// are proven by the fault matrix that injects them. What each tool does for a workflow (the template
-// expansion of ttbuild included), and the admin commands (set, reset), are proven by the workflow
-// tests that use them. Each tool is started by name from PATH, a process of its own, all sharing
-// one scratch state folder.
+// The gateway simulator where no workflow test reaches it: strict command lines, gateways told
+// apart by loopback address, runs at the same moment. The fault rules are proven by the fault
+// matrix that injects them. What each tool does for a workflow (the template expansion of ttbuild
+// included), and the admin commands (set, reset), are proven by the workflow tests that use them.
+// Each tool is started by name from PATH, a process of its own, all sharing one scratch state
+// folder.
 #include "deploy/captured_output.h"
 #include "deploy/tool_runner.h"
+#include "project/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 #include <wx/utils.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <thread>
+#include <vector>
 
 
 namespace {
@@ -40,6 +47,13 @@ protected:
         return result;
     }
 
+    wxArrayString LogLines(const wxString& relative) const
+    {
+        wxArrayString lines;
+        ReadTextLines(dir.path + "/gateway/" + relative, lines);
+        return lines;
+    }
+
     TempDir dir;
 };
 
@@ -67,6 +81,62 @@ TEST_F(Simulator, CapturedOutputIsCutAtItsLimit)
     wxArrayString lines;
     EXPECT_EQ(WxToolRunner().RunCaptured(ToolCommand("ttmbprint").Arg("h").Arg("-f=2"), lines), 3);
     EXPECT_TRUE(lines.size() == kMaxCapturedLines && lines.Last() == "b");
+}
+
+// A loopback address other than 127.0.0.1 is a gateway of its own: its settings, its installed
+// configuration; a rule matching its address fails it alone; every other address is the default.
+TEST_F(Simulator, LoopbackAddressesAreGatewaysOfTheirOwn)
+{
+    for (const char* admin : {"--gateway=127.0.0.2 set firmware 6.1.0", "--gateway=127.0.0.3 set firmware 6.3.0",
+                              "fault add ttrestore match=127.0.0.3 exit=3"})
+        ASSERT_EQ(Run(wxString("tgxsim ") + admin).code, 0) << admin;
+    for (const char* name : {"defs.ini", "app.ini", "dbsave.txt", "tgxconfig.prj", "MBMAP1.csv"})
+        dir.Write(name, "x\r\n");
+    EXPECT_EQ(Run("ttrestore 127.0.0.2 config").code, 0);
+    EXPECT_EQ(Run("ttrestore 127.0.0.3 config").code, 3);
+
+    const struct {
+        const char* address;
+        const char* firmware;
+        long mapPrinted;  // ttmbprint: 0 with the map ttrestore installed, 1 without
+    } gateways[] = {{"127.0.0.2", "6.1.0", 0}, {"127.0.0.3", "6.3.0", 1}, {"127.0.0.1", "6.2.2", 1},
+        {"192.168.1.250", "6.2.2", 1}, {"127.0.0.02", "6.2.2", 1}};
+    for (const auto& gateway : gateways) {
+        const RunResult devType = Run(wxString("ttdevtype ") + gateway.address);
+        EXPECT_TRUE(devType.out.size() == 3u && devType.out[1] == wxString::Format("Firmware: TG7main-v%s-build7",
+            gateway.firmware)) << gateway.address;
+        EXPECT_EQ(Run(wxString("ttmbprint ") + gateway.address + " -f=2").code, gateway.mapPrinted) << gateway.address;
+    }
+}
+
+// Runs at the same moment each log one whole line, count against a rule once each, and each
+// restart lands in its own gateway's boot.log.
+TEST_F(Simulator, RunsAtTheSameMomentLogAndCountEachRun)
+{
+    ASSERT_EQ(Run("tgxsim fault delay ttreboot 0.3").code, 0);
+    ASSERT_EQ(Run("tgxsim fault add ttreboot exit=3 fails=4 output=down").code, 0);
+    std::vector<std::thread> runs;
+    std::vector<int> codes(8);  // as the shell reports them: zero or not is all they share
+    for (int i = 0; i < 8; ++i)
+        runs.emplace_back([this, i, &codes] {
+            codes[i] = std::system(wxString::Format("ttreboot 127.0.0.%d -w >\"%s/reboot%d.txt\"", i + 2, dir.path,
+                i).utf8_str());
+        });
+    for (std::thread& run : runs)
+        run.join();
+    EXPECT_EQ(std::count(codes.begin(), codes.end(), 0), 4);
+
+    const wxArrayString runLog = LogLines("run.log");
+    ASSERT_EQ(runLog.size(), 8u) << wxJoin(runLog, '\n');
+    int failed = 0;
+    for (const wxString& line : runLog) {
+        const wxArrayString fields = wxSplit(line, '\t', '\0');
+        ASSERT_GE(fields.size(), 8u) << line;
+        const bool restarted = fields[2] == "exit=0";
+        failed += fields[2] == "exit=3";
+        EXPECT_EQ(LogLines("gateways/" + fields[3].AfterFirst('=') + "/boot.log").size(), restarted ? 1u : 0u) << line;
+    }
+    EXPECT_EQ(failed, 4);
 }
 
 }  // namespace
