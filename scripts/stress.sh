@@ -46,6 +46,8 @@ run() {
     verdict="FAILED: ended by a signal (status $status)"
   elif [ "${kb:-0}" -gt "$max_kb" ]; then
     verdict="FAILED: more than $max_kb KB"
+  elif [ "${bound_kb:-0}" -gt 0 ] && [ "${kb:-0}" -gt "$bound_kb" ]; then
+    verdict="FAILED: more than $bound_kb KB, the bound for this input"
   elif [ "$status" -ne "$expected" ] || [ -z "$outcome" ]; then
     verdict="FAILED: status $status, expected $expected; $(head -c 200 err.txt)"
   fi
@@ -88,9 +90,46 @@ done
 for lines in 500000 1000000; do
   device_types $lines
   run "ct.cfg $lines DEV_TYPE (check)" "$(mb "$ct_cfg")" 1 \
-    'grep -q "is not in ct.cfg" out.txt && echo "refused: types not in ct.cfg"' -- "$tgxcfg" check boiler_house.prj
+    'grep -q "^tgxcfg: cannot read .*ct.cfg" err.txt && echo "refused: cannot read ct.cfg"' -- "$tgxcfg" check boiler_house.prj
+done
+
+# Files of nothing but line ends, just within the limit on text files: read line by line, in
+# memory bounded by the file (at most 8 times its size and 20 MB; bound_kb), whatever the count of
+# lines. A map must not hold more lines than a gateway takes, so such a map file is refused.
+line_ends() { head -c "$2" /dev/zero | tr '\0' '\n' > "$1"; }
+bound() { bound_kb=$(( $(stat -c %s "$1") * 8 / 1024 + 20480 )); }
+for bytes in 8388608 16777216; do
+  { cat "$scratch/ct.cfg.sample"; head -c $((bytes - $(stat -c %s "$scratch/ct.cfg.sample"))) /dev/zero | tr '\0' '\n'; } > "$ct_cfg"
+  bound "$ct_cfg"
+  run "ct.cfg of line ends (check)" "$(mb "$ct_cfg")" 0 'echo "loaded: no problem found"' -- "$tgxcfg" check boiler_house.prj
 done
 cp "$scratch/ct.cfg.sample" "$ct_cfg"
+for bytes in 8388608 16777216; do
+  { cat boiler_house.prj; head -c $((bytes - $(stat -c %s boiler_house.prj))) /dev/zero | tr '\0' '\n'; } > ends.prj
+  cp boiler_house.mbd ends.mbd
+  bound ends.prj
+  run "project of line ends (show)" "$(mb ends.prj)" 0 'grep -q "^TGX TAGNAME:BOILER1" out.txt && echo loaded' -- \
+    "$tgxcfg" show ends.prj
+  run "project of line ends (check)" "$(mb ends.prj)" 0 'echo "loaded: no problem found"' -- "$tgxcfg" check ends.prj
+  cp ends.prj ends2.prj && cp ends.mbd ends2.mbd
+  bound_kb=$((bound_kb * 2))
+  run "two projects of line ends (diff)" "$(mb ends.prj)" 0 'echo "loaded: the same"' -- \
+    "$tgxcfg" diff ends.prj ends2.prj
+  line_ends ends.mbd "$bytes"
+  bound ends.mbd
+  run "map of line ends (show)" "$(mb ends.mbd)" 1 \
+    'grep -q "^tgxcfg: cannot read the map file ends.mbd" err.txt && echo "refused: cannot read"' -- "$tgxcfg" show ends.prj
+done
+bound_kb=0
+
+# A map generator (inifile) printing nine million empty lines into the automatic map: the map
+# keeps as many lines as a gateway takes.
+tgxsim reset >/dev/null && tgxsim fault add inifile match=-mb exit=0 output= repeat=9000000 >/dev/null
+cp boiler_house.prj generated.prj && cp "$top/docs/examples/boiler_house.mbd" generated.mbd
+run "inifile 9000000 lines (map-mode)" "9 MB" 0 \
+  'kept=$(wc -l < generated.mbd); [ "$kept" -eq 65536 ] && echo "cut: $kept lines kept"' -- \
+  "$tgxcfg" map-mode generated.prj automatic --yes
+tgxsim fault clear >/dev/null
 
 # A tool that prints ten million lines: the gateway has no map file, so the import falls back to
 # ttmbprint, which prints the same map line N times. The output is cut; the map gets the lines kept.
@@ -99,7 +138,7 @@ for lines in 5000000 10000000; do
     tgxsim fault add ttmbprint exit=0 "output=HOLDING,40001,ABCD,FLOAT,FT101_PV,Feedwater flow,2" repeat=$lines >/dev/null
   cp "$top/docs/examples/boiler_house.mbd" boiler_house.mbd
   run "ttmbprint $lines lines (import-map)" "$((lines * 51 / 1000000)) MB" 0 \
-    'kept=$(wc -l < boiler_house.mbd); [ "$kept" -lt "$lines" ] && echo "cut: $kept lines kept"' -- \
+    'kept=$(wc -l < boiler_house.mbd); [ "$kept" -eq 65536 ] && echo "cut: $kept lines kept"' -- \
     "$tgxcfg" import-map boiler_house.prj --from-target=127.0.0.1
 done
 
