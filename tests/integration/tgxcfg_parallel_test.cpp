@@ -76,4 +76,30 @@ TEST_F(Parallel, EightConfigureRunsEachSendTheirOwnProject)
     }
     EXPECT_GT(waited, 0);  // they took turns, and said so
 }
+
+// Projects of different plants re-saved at once in automatic map mode: each map is its own
+// project's, as a save alone makes it.
+TEST_F(Parallel, AutomaticMapsOfSavesAtOnceStayApart)
+{
+    const char* const plants[] = {"boiler_house", "tank_farm_mux", "legacy_plant"};
+    wxArrayString alone;
+    for (const char* plant : plants) {
+        ASSERT_EQ(Run({OwnInstallation(), "resave", wxString(plant) + ".prj", wxString(plant) + "_alone.prj"}).status, 0);
+        alone.Add(wxJoin(Read(wxString(plant) + "_alone.mbd"), '\n'));
+    }
+    Write("gateway/faults.txt", Lines({"delay inifile 0.2", "delay ttbuild 0.1"}));
+    std::vector<pid_t> runs;
+    for (int round = 0; round < 2; ++round)
+        for (const char* plant : plants)
+            runs.push_back(Start({"resave", dir.path + "/" + plant + ".prj",
+                                  dir.path + wxString::Format("/%s_%d.prj", plant, round)},
+                                 dir.path + wxString::Format("/%s_%d.out", plant, round)));
+    for (const pid_t pid : runs) {
+        int status = -1;
+        ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    for (int round = 0; round < 2; ++round)
+        for (size_t p = 0; p < alone.size(); ++p)
+            EXPECT_EQ(wxJoin(Read(wxString::Format("%s_%d.mbd", plants[p], round)), '\n'), alone[p]) << plants[p];
+}
 #endif

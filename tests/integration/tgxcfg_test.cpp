@@ -122,8 +122,42 @@ TEST_F(Tgxcfg, ResaveWritesOldAndDamagedProjectsInTheCurrentFormat)
     EXPECT_TRUE(wxFileExists(dir.path + "/legacy_plant.mb"));
     EXPECT_EQ(ReadBytes(dir.path + "/damaged.prj"), ReadBytes(golden + "damaged.prj"));
     EXPECT_TRUE(wxFileExists(dir.path + "/repaired.mbd"));
+}
 
-    EXPECT_EQ(Run({"resave", "missing.prj"}).err, Lines({"tgxcfg: cannot read missing.prj"}));
+// A file that is there but cannot be read is not taken for a missing or an empty one: the command
+// says so, ends with status 1, and nothing is saved over what is there.
+TEST_F(Tgxcfg, WhatCannotBeReadIsRefusedAndLeftAsItIs)
+{
+    for (const char* name : {"folder", "large"})
+        wxCopyFile(dir.path + "/boiler_house.prj", dir.path + "/" + name + ".prj");
+    wxMkdir(dir.path + "/folder.mbd");
+    dir.Write("large.mbd", std::string(kMaxTextFileBytes + 1, '\n'));
+    dir.Write("notes.prj", "# Notes\nThe boiler house gets a fifth transmitter in May.\n");
+    const wxString ctCfg = dir.path + "/installation/tgxtemplates/BUILD/ct.cfg";
+    const struct {
+        std::vector<wxString> args;
+        const char* file;  // left as it was
+        wxString said;
+    } cases[] = {
+        {{"resave", "missing.prj"}, "missing.prj", "tgxcfg: cannot read missing.prj"},
+        {{"resave", "notes.prj"}, "notes.prj", "tgxcfg: notes.prj is not a project file; it is left as it is"},
+        {{"resave", "boiler_house.prj", "notes.prj"}, "notes.prj", "tgxcfg: notes.prj is not a project file; it is left as it is"},
+        {{"show", "folder.prj"}, "folder.prj", "tgxcfg: cannot read the map file folder.mbd"},
+        {{"resave", "large.prj"}, "large.mbd", "tgxcfg: cannot read the map file large.mbd"},
+        {{OwnInstallation(), "check", "boiler_house.prj"}, "boiler_house.prj", "tgxcfg: cannot read " + ctCfg},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.said);
+        if (c.args[0] == OwnInstallation()) {
+            wxRemoveFile(ctCfg);
+            wxMkdir(ctCfg);
+        }
+        const std::string before = ReadBytes(dir.path + "/" + c.file);
+        const CliRun run = Run(c.args);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.err, Lines({c.said.utf8_str().data()}));
+        EXPECT_EQ(ReadBytes(dir.path + "/" + c.file), before);
+    }
 }
 
 TEST_F(Tgxcfg, GenerateWritesTheExpectedConfigurationAndBuildsIt)
