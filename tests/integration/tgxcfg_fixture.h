@@ -18,7 +18,7 @@
 inline wxString ExecuteArgument(const wxString& argument)
 {
 #ifdef __WINDOWS__
-    return ToolCommand(wxString()).QuotedArg(argument).CommandLine().Mid(1);
+    return ToolCommand("x").QuotedArg(argument).CommandLine().Mid(2);
 #else
     wxString quoted = argument;
     quoted.Replace("\\", "\\\\");
