@@ -361,9 +361,9 @@ int Info(Session& s, const CliRequest& request, std::ostream& out, std::ostream&
         return kSuccess;
     }
     const Project& p = s.project;
-    WriteLine(out, wxString::Format("Project: %s, mode %s, %d devices, %s map of %zu lines", GetText(p.tagName),
+    WriteLine(out, wxString::Format("Project: %s, mode %s, %d devices, %s map of %d lines", GetText(p.tagName),
                        GetText(p.mode), p.deviceCount, p.automaticModbusMap == 1 ? "automatic" : "user defined",
-                       p.modbusMapLines.size()));
+                       static_cast<int>(p.modbusMapLines.size())));
     for (const wxString& line : DeviceListLines(p))
         WriteLine(out, line);
     return kSuccess;
@@ -399,7 +399,8 @@ int RunGatewayCommand(Session& s, const CliRequest& request, std::ostream& err)
 int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& err)
 {
     if (request.command == CliCommand::Fetch || request.command == CliCommand::Info
-        || request.command == CliCommand::UpdateFirmware || request.command == CliCommand::UploadInstallers || request.command == CliCommand::Reboot) {
+        || request.command == CliCommand::UpdateFirmware || request.command == CliCommand::UploadInstallers
+        || request.command == CliCommand::Reboot) {
         auto session = std::make_unique<Session>(request.yes, out);
         MessageForm fault;
         if (!ReadCliInstallation(*session, request.softwarePath, fault)) {
