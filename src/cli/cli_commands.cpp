@@ -10,6 +10,7 @@
 #include "deploy/maintenance_commands.h"
 #include "cli/cli_json.h"
 #include "cli/console_user_interface.h"
+#include "modbus/automatic_map.h"
 #include "modbus/map_editing.h"
 #include "cli/mux_cli_commands.h"
 #include "modbus/map_export.h"
@@ -35,25 +36,34 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 
-// The generator runs ttbuild, and nothing else, blocking and hidden: with --no-build it writes
-// the configuration and takes the build as done.
-class NoBuildToolRunner : public ToolRunner {
+// The tools run blocking and hidden (ttbuild, and inifile through the shell) rerouted. Skipped: the
+// generator runs ttbuild and nothing else that way, so with --no-build it writes the configuration
+// and takes the build as done. Quiet: run with their output captured and dropped, so that a report
+// on standard output (diff's) stays the report alone.
+class ReroutedToolRunner : public ToolRunner {
 public:
-    explicit NoBuildToolRunner(ToolRunner& tools)
+    enum class Route { Skip, Quiet };
+    ReroutedToolRunner(ToolRunner& tools, Route route)
         : tools(tools)
+        , route(route)
     {
     }
     long RunCaptured(const ToolCommand& command, wxArrayString& output) override
     {
         return tools.RunCaptured(command, output);
     }
-    long RunBlockingHidden(const ToolCommand&) override { return 0; }
+    long RunBlockingHidden(const ToolCommand& command) override
+    {
+        wxArrayString dropped;
+        return route == Route::Skip ? 0 : tools.RunCaptured(command, dropped);
+    }
     long RunDetached(const ToolCommand& command) override { return tools.RunDetached(command); }
     bool SetWorkingDirectory(const wxString& directory) override { return tools.SetWorkingDirectory(directory); }
     void SetEnvironment(const wxString& name, const wxString& value) override { tools.SetEnvironment(name, value); }
 
 private:
     ToolRunner& tools;
+    Route route;
 };
 
 // What the desktop tool holds from start-up on, and the console in place of its windows.
@@ -186,7 +196,7 @@ int Generate(Session& s, const CliRequest& request, std::ostream& err)
             return kFailure;
         }
     }
-    NoBuildToolRunner noBuild(s.tools);
+    ReroutedToolRunner noBuild(s.tools, ReroutedToolRunner::Route::Skip);
     AppContext ctx{s.project, s.env, s.target, s.deviceTypes, s.ui,
         request.noBuild ? static_cast<ToolRunner&>(noBuild) : s.tools, *s.platform};
     wxString errorText, outputName;
@@ -263,6 +273,23 @@ void StartWithoutProject(Session& s, const wxString& target)
     s.ui.AnswerEntry(kTargetAddressPrompt, target);
 }
 
+// A project file's side of a diff as the tool sends it. In automatic map mode that is the map the
+// save generates from the templates (Load from Disk and Configure save before anything is sent), not
+// the map file's lines: it is generated as that save generates it, the tools' output and a wait for
+// another run kept off the report. A generation that shows a message ends the diff with it.
+bool GenerateMapAsSent(Session& s, std::ostream& err)
+{
+    if (s.project.automaticModbusMap != 1)
+        return true;
+    std::ostringstream quiet;
+    ConsoleUserInterface ui(quiet, false);
+    ReroutedToolRunner tools(s.tools, ReroutedToolRunner::Route::Quiet);
+    AppContext ctx{s.project, s.env, s.target, s.deviceTypes, ui, tools, *s.platform};
+    GenerateAutomaticMap(ctx);
+    ui.Finish(ui.MessageShown(), err);
+    return !ui.MessageShown();
+}
+
 // The second side of a diff: another project file, or what the gateway runs, fetched as Load From
 // TG7 fetches it (its progress kept off the report) and not saved.
 bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& second, std::ostream& err)
@@ -275,7 +302,7 @@ bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& se
         return false;
     }
     if (request.target.empty()) {
-        if (!LoadProject(*other, path, request.arguments[1], err))
+        if (!LoadProject(*other, path, request.arguments[1], err) || !GenerateMapAsSent(*other, err))
             return false;
     } else {
         StartWithoutProject(*other, request.target);
@@ -292,7 +319,7 @@ bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& se
 int Diff(Session& s, const CliRequest& request, const wxString& secondPath, std::ostream& out, std::ostream& err)
 {
     auto second = std::make_unique<Project>();
-    if (!LoadSecondSide(request, secondPath, *second, err))
+    if (!GenerateMapAsSent(s, err) || !LoadSecondSide(request, secondPath, *second, err))
         return kFailure;
     const std::vector<ProjectDifference> differences = DiffProjects(s.project, *second);
     if (request.format == "json")
@@ -301,6 +328,45 @@ int Diff(Session& s, const CliRequest& request, const wxString& secondPath, std:
         for (const ProjectDifference& difference : differences)
             WriteLine(out, FormatDifference(difference));
     return differences.empty() ? kSuccess : kFailure;
+}
+
+// What the gateway is and runs: ttdevtype's report beside the versions the installation is built
+// for, and a summary of the project the gateway runs, fetched as diff --target fetches it. A gateway
+// without a project is a report too, with the fetch's message in place of the summary.
+int Info(Session& s, const CliRequest& request, std::ostream& out, std::ostream& err)
+{
+    ApplyTargetAddress(s.ctx, request.target);
+    GatewayInfo info;
+    const wxString problem = ReadGatewayVersions(
+        s.ctx, "Could not connect to TG7, check IP address and network connection", info.versions);
+    if (!problem.empty()) {
+        WriteLine(err, problem);
+        return kFailure;
+    }
+    info.firmwareMatches = info.versions.firmware == s.env.FirmwareVersion;
+    std::ostringstream fetchMessage;
+    info.projectFetched = LoadSecondSide(request, wxString(), s.project, fetchMessage);
+    info.projectProblem = wxString::FromUTF8(fetchMessage.str()).BeforeFirst('\n');
+    if (request.format == "json") {
+        out << InfoJson(info, s.env, s.project);
+        return kSuccess;
+    }
+    const GatewayVersions& v = info.versions;
+    for (const wxString& line : {"Device type: " + v.deviceType, "Firmware: " + v.firmware, "Templates: " + v.templates,
+             "Installation firmware: " + s.env.FirmwareVersion, "Installation templates: " + s.env.TemplatesVersion,
+             wxString("Firmware matches the installation: ") + (info.firmwareMatches ? "yes" : "no")})
+        WriteLine(out, line);
+    if (!info.projectFetched) {
+        WriteLine(out, "Project: none (" + info.projectProblem + ")");
+        return kSuccess;
+    }
+    const Project& p = s.project;
+    WriteLine(out, wxString::Format("Project: %s, mode %s, %d devices, %s map of %d lines", GetText(p.tagName),
+                       GetText(p.mode), p.deviceCount, p.automaticModbusMap == 1 ? "automatic" : "user defined",
+                       static_cast<int>(p.modbusMapLines.size())));
+    for (const wxString& line : DeviceListLines(p))
+        WriteLine(out, line);
+    return kSuccess;
 }
 
 // The commands that work on the gateway alone start as the desktop tool does: the default project,
@@ -332,14 +398,17 @@ int RunGatewayCommand(Session& s, const CliRequest& request, std::ostream& err)
 
 int RunCliRequest(const CliRequest& request, std::ostream& out, std::ostream& err)
 {
-    if (request.command == CliCommand::Fetch || request.command == CliCommand::UpdateFirmware
-        || request.command == CliCommand::UploadInstallers || request.command == CliCommand::Reboot) {
+    if (request.command == CliCommand::Fetch || request.command == CliCommand::Info
+        || request.command == CliCommand::UpdateFirmware || request.command == CliCommand::UploadInstallers
+        || request.command == CliCommand::Reboot) {
         auto session = std::make_unique<Session>(request.yes, out);
         MessageForm fault;
         if (!ReadCliInstallation(*session, request.softwarePath, fault)) {
             WriteLine(err, fault.text);
             return kFailure;
         }
+        if (request.command == CliCommand::Info)
+            return Info(*session, request, out, err);
         return RunGatewayCommand(*session, request, err);
     }
     // Every path is made absolute before anything changes the current folder.

@@ -64,3 +64,26 @@ std::string DifferencesJson(const std::vector<ProjectDifference>& differences)
             {"after", d.change == ProjectDifference::Change::Removed ? Json() : Json(Utf8(d.after))}});
     return Document({{"same", differences.empty()}, {"differences", list}});
 }
+
+std::string InfoJson(const GatewayInfo& info, const InstallationEnvironment& env, const Project& project)
+{
+    Json summary;  // null without a project
+    if (info.projectFetched) {
+        Json devices = Json::array();
+        for (int d = 0; d < std::min(project.deviceCount, MAX_DEVICES); ++d) {
+            const ProjectDevice& device = project.devices[d];
+            devices.push_back({{"slot", d}, {"name", Utf8(GetText(device.deviceName))},
+                {"type", Utf8(GetText(device.typeName))}, {"pollAddress", device.pollAddress},
+                {"longAddress", Utf8(GetText(device.longAddress))}, {"enabled", (device.enabled & 1) != 0}});
+        }
+        summary = {{"tagName", Utf8(GetText(project.tagName))}, {"mode", Utf8(GetText(project.mode))},
+            {"automaticMap", project.automaticModbusMap == 1}, {"mapLines", project.modbusMapLines.size()},
+            {"devices", devices}};
+    }
+    const GatewayVersions& v = info.versions;
+    return Document({{"deviceType", Utf8(v.deviceType)}, {"firmware", Utf8(v.firmware)},
+        {"templates", Utf8(v.templates)},
+        {"installation", {{"firmware", Utf8(env.FirmwareVersion)}, {"templates", Utf8(env.TemplatesVersion)}}},
+        {"firmwareMatches", info.firmwareMatches}, {"project", summary},
+        {"projectProblem", info.projectFetched ? Json() : Json(Utf8(info.projectProblem))}});
+}

@@ -109,6 +109,18 @@ const CommandEntry kCommands[] = {
         "Options:\n"
         "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"
         "  --yes                  answer Yes to the question; without it the command stops there\n"},
+    {"info", CliCommand::Info, 0, {}, {{"target", true}, {"format", true}},
+        "info --target=HOST[:PORT] [--format=text|json]",
+        "Reports what the gateway is and runs: its device type and the versions of its firmware and\n"
+        "templates as ttdevtype reports them, the versions the installation is built for, whether the\n"
+        "firmware is the installation's (Configure refuses it otherwise), and a summary of the project the\n"
+        "gateway runs, fetched as Load From TG7 fetches it (nothing is saved). A gateway without a project\n"
+        "is reported as such. Exits with 1 when ttdevtype's report cannot be read (its message on standard\n"
+        "error).\n"
+        "With --format=json: one JSON document (docs/tgxcfg.md).\n"
+        "\n"
+        "Options:\n"
+        "  --target=HOST[:PORT]   the gateway's address; a PORT reaches the tools as TT_SSH_PORT\n"},
     {"upload-installers", CliCommand::UploadInstallers, 0, {}, {{"target", true}, {"yes", false}},
         "upload-installers --target=HOST[:PORT] [--yes]",
         "Target > Upload Installers on the console: the TGx Software Suite and TGxConnect installers\n"
@@ -180,6 +192,7 @@ const char kGeneralHelp[]
       "  edit-map PROJECT           edit the map in the map editor (mbedit)\n"
       "  fetch --target=HOST[:PORT] NEW.prj\n"
       "                             save the gateway's own project and map as NEW.prj\n"
+      "  info --target=HOST[:PORT]  the gateway's type, firmware and templates versions and project\n"
       "  update-firmware --target=HOST[:PORT]\n"
       "                             update the firmware and carry the gateway's project across\n"
       "  upload-installers --target=HOST[:PORT]\n"
@@ -416,7 +429,8 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
     if (command->command == CliCommand::ImportMap
         && (given.Index("from-target") == wxNOT_FOUND) == (given.Index("from-project") == wxNOT_FOUND))
         return usageError("import-map needs one of --from-target=HOST[:PORT] and --from-project=OTHER.prj");
-    for (const CliCommand gateway : {CliCommand::Fetch, CliCommand::UpdateFirmware, CliCommand::UploadInstallers, CliCommand::Reboot})
+    for (const CliCommand gateway : {CliCommand::Fetch, CliCommand::Info, CliCommand::UpdateFirmware,
+             CliCommand::UploadInstallers, CliCommand::Reboot})
         if (command->command == gateway && given.Index("target") == wxNOT_FOUND)
             return usageError(wxString(command->name) + " needs --target=HOST[:PORT]");
     const bool mux = command->command == CliCommand::MuxScan || command->command == CliCommand::MuxRebuild;

@@ -5,7 +5,7 @@
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
-enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap, Fetch, UpdateFirmware, UploadInstallers, Reboot, Vcp, MuxScan, MuxRebuild, Diff };
+enum class CliCommand { Show, Resave, Generate, ExportMap, Check, Configure, MapMode, ImportMap, EditMap, Fetch, UpdateFirmware, UploadInstallers, Reboot, Vcp, MuxScan, MuxRebuild, Diff, Info };
 
 struct CliRequest {
     wxString softwarePath; // empty: the installation named by the registry
@@ -26,7 +26,7 @@ struct CliRequest {
     wxString add;      // empty: print the rows only
     wxString loops = "all";
     wxString method = "address0";
-    wxString format = "text";  // show, check, diff: "text" or "json"
+    wxString format = "text";  // show, check, diff, info: "text" or "json"
 };
 
 struct ParsedCommandLine {

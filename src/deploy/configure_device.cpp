@@ -32,7 +32,7 @@ bool CheckGatewayVersions(AppContext& ctx)
 
 }  // namespace
 
-wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect)
+wxString ReadGatewayVersions(AppContext& ctx, const wxString& cannotConnect, GatewayVersions& versions)
 {
     wxArrayString report;
     const long code = ctx.tools.RunCaptured(ToolCommand("ttdevtype").QuotedArg(ctx.target.targetHost), report);
@@ -40,13 +40,21 @@ wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect)
         return cannotConnect;
     if (report.size() < 3)
         return "Could not determine TG7 type, unable to proceed";
-    const wxString firmware = ReportedVersion(report[1]);
-    const wxString templates = ReportedVersion(report[2]);
-    if (firmware.empty())
+    versions = GatewayVersions{report[0], ReportedVersion(report[1]), ReportedVersion(report[2])};
+    if (versions.firmware.empty())
         return "Could not determine TG7 Firmware version (ttdevtype format error), unable to proceed";
-    if (templates.empty())
+    if (versions.templates.empty())
         return "Could not determine TG7 Templates (ttdevtype format error), unable to proceed";
-    if (firmware != ctx.env.FirmwareVersion)
+    return wxString();
+}
+
+wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect)
+{
+    GatewayVersions versions;
+    const wxString problem = ReadGatewayVersions(ctx, cannotConnect, versions);
+    if (!problem.empty())
+        return problem;
+    if (versions.firmware != ctx.env.FirmwareVersion)
         return "The firmware installed on the TG7 is not compatible with this version of TGx Software Suite. "
                "Before you can configure your device you must update the firmware using the 'Update Firmware' "
                "option under the 'Target' menu";

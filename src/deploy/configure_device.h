@@ -18,8 +18,17 @@ constexpr size_t kGatewayTagLength = 8;
 // window ignores it; tgxcfg turns it into its exit status).
 bool ConfigureDevice(AppContext& ctx);
 
-// Runs ttdevtype on the target and judges its report: empty when the gateway runs the installed
-// firmware, else the message that stops the command (`cannotConnect` when ttdevtype cannot run).
+// What ttdevtype reports of a gateway: its type and the versions of its firmware and templates.
+struct GatewayVersions {
+    wxString deviceType, firmware, templates;
+};
+
+// Runs ttdevtype on the target and reads its report into `versions`: empty when it could, else
+// the message that stops the command (`cannotConnect` when ttdevtype cannot run).
+wxString ReadGatewayVersions(AppContext& ctx, const wxString& cannotConnect, GatewayVersions& versions);
+
+// ReadGatewayVersions, then the firmware judged: empty when the gateway runs the installed
+// firmware, else the message that stops the command.
 wxString GatewayVersionProblem(AppContext& ctx, const wxString& cannotConnect);
 
 // The version in a line of ttdevtype's report: the text after the last "v", up to the first "-"

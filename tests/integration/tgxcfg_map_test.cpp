@@ -2,6 +2,8 @@
 // failures are the fault matrix's).
 #include "tgxcfg_fixture.h"
 
+#include <nlohmann/json.hpp>
+
 namespace {
 
 const char* const kRosemountPv = "HOLDING,1022,4,FLOAT,L0D1:PV,Pressure,2";  // device 1, its words swapped
@@ -39,6 +41,16 @@ TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
     ASSERT_EQ(Run({"configure", "boiler_house.prj", "--target=127.0.0.1", "--yes"}).status, 0);
     const wxArrayString configured = Read("gateway/TG7/tgxconfig.prj");
     Sim("set firmware 6.1.0");
+    // What the gateway runs, beside what the installation is built for.
+    const CliRun info = Run({"info", "--target=127.0.0.1", "--format=json"});
+    ASSERT_EQ(info.status, 0);
+    const auto facts = nlohmann::json::parse(wxJoin(info.out, '\n').utf8_string());
+    EXPECT_EQ(facts["firmware"], "6.1.0");
+    EXPECT_EQ(facts["installation"], nlohmann::json::parse(R"({"firmware": "6.2.2", "templates": "3.1.0"})"));
+    EXPECT_EQ(facts["firmwareMatches"], false);
+    EXPECT_EQ(facts["project"]["tagName"], "BOILER1");
+    EXPECT_EQ(facts["project"]["devices"][3]["pollAddress"], 5);
+    EXPECT_EQ(facts["project"]["mapLines"], 5);
 
     EXPECT_EQ(Run({"update-firmware", "--target=127.0.0.1:2222", "--yes"}).status, 0);
     EXPECT_NE(Read("gateway/settings.ini").Index("firmware=6.2.2"), wxNOT_FOUND);
@@ -57,6 +69,7 @@ TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
 
     // A gateway without a project is migrated from the default project.
     Sim("reset");
+    EXPECT_EQ(Run({"info", "--target=127.0.0.1"}).out.Last(), "Project: none (Failed to obtain configuration from TG7.)");
     EXPECT_EQ(Run({"update-firmware", "--target=127.0.0.1", "--yes"}).status, 0);
     EXPECT_NE(Read("gateway/TG7/tgxconfig.prj").Index("TGX TAGNAME:Unnamed"), wxNOT_FOUND);
     EXPECT_TRUE(Read("gateway/boot.log").Last().EndsWith("-a=0"));

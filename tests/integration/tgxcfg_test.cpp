@@ -29,6 +29,7 @@ TEST_F(Tgxcfg, WrongUsageExitsWithTwoAndHelpAndVersionGoToStandardOutput)
         {{"generate", "boiler_house.prj", "--no-build=1"}, 2, "tgxcfg: option '--no-build' takes no value"},
         {{"show", "boiler_house.prj", "--software-path"}, 2, "tgxcfg: option '--software-path' needs a value"},
         {{"configure", "boiler_house.prj", "--yes"}, 2, "tgxcfg: configure needs --target=HOST[:PORT]"},
+        {{"info", "--format=json"}, 2, "tgxcfg: info needs --target=HOST[:PORT]"},
         {{"resave", "boiler_house.prj", "copy.mbd"}, 2, "tgxcfg: NEW.prj cannot be a map file (.mbd)"},
         // Text that would reach the suite's tools as more than one argument, or as an option.
         {{"configure", "boiler_house.prj", "--target=h\" -oProxyCommand=x \"y"}, 2, kBadTarget},
@@ -358,6 +359,16 @@ TEST_F(Tgxcfg, DiffReportsExactlyTheEditSinceTheLastConfigure)
     run = Run(diffJson);
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(json(run)["same"], true);
+
+    // In automatic map mode the map sent is the one generated from the templates, whatever the map
+    // file beside the project holds; its tools print nothing into the document.
+    const std::vector<wxString> mux = {own, "configure", "tank_farm_mux.prj", "--target=127.0.0.2", "--yes"};
+    ASSERT_EQ(Run(mux).status, 0);
+    Write("tank_farm_mux.mbd", {});
+    run = Run({own, "diff", "tank_farm_mux.prj", "--target=127.0.0.2", "--format=json"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(json(run)["same"], true);
+    EXPECT_EQ(Read("tank_farm_mux.mbd"), wxArrayString());
 
     // The other two documents, in their documented shapes.
     const auto shown = json(Run({"show", "boiler_house.prj", "--format=json"}));
