@@ -118,15 +118,15 @@ bool UpdateFirmware(AppContext& ctx)
     project.projectSaved = 1;
     project.projectFilePath.Clear();
 
-    // From the downloads into the project folder to the removal of the migrated project, the files
-    // of this gateway lie under fixed names in the installation's folders.
-    const InstallationTurn turn(ctx);
     // The downloads and the migrated project go to the project folder, which a fresh
     // installation may not have yet.
     {
         wxLogNull quiet;  // a folder that cannot be made shows in the save that follows
         wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     }
+    // From the downloads into the project folder to the removal of the migrated project, the files
+    // of this gateway lie under fixed names in the installation's folders.
+    const InstallationTurn turn(ctx);
     ReadDeviceProject(ctx);
     const int migratedDevices = project.deviceCount;
     const wxString migratePath = ProjectFolderFile(ctx, kMigrateProjectName);

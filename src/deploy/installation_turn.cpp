@@ -23,8 +23,12 @@ void TakeTurn(AppContext& ctx, const wxString& file, const wxString& waiting, st
 
 InstallationTurn::InstallationTurn(AppContext& ctx)
 {
-    TakeTurn(ctx, ctx.env.TgxBuildPath + ctx.platform.PathSeparator() + kInstallationLockName,
-             "Waiting for another run of the configuration tool to finish with " + ctx.env.TgxBuildPath, lock);
+    // Always in this order, so two runs never wait for each other's second lock.
+    const wxString waiting = "Waiting for another run of the configuration tool to finish with ";
+    const wxString sep = ctx.platform.PathSeparator();
+    TakeTurn(ctx, ctx.env.TgxBuildPath + sep + kInstallationLockName, waiting + ctx.env.TgxBuildPath, buildLock);
+    if (wxDirExists(ctx.env.TgxProjectPath))
+        TakeTurn(ctx, ctx.env.TgxProjectPath + sep + kInstallationLockName, waiting + ctx.env.TgxProjectPath, projectLock);
 }
 
 ComPortTurn::ComPortTurn(AppContext& ctx)

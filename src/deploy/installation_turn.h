@@ -1,9 +1,11 @@
 // Runs of the tool on one installation (tgxcfg processes, desktop windows, at once) take turns over
 // what they share: the build folder's INCLUDE, ADDITIONAL and OUTPUT, which the suite's tools read
 // and write under fixed names, and the working files of the project folder (a download, the
-// migrated or base project). A turn is held from its making to its end, by an inter-process lock
-// on the build folder's "tgxconfig.lock", which a run that ends in any way gives up. A run that
-// must wait says so. Nested turns of one run are one turn.
+// migrated or base project). A turn is held from its making to its end, by inter-process locks on
+// "tgxconfig.lock" in the build folder and (when it is there) in the project folder, which a run
+// that ends in any way gives up: the build folder is the installation's, the project folder the
+// user's, and two installations may share one user's. A run that must wait says so. Nested turns
+// of one run are one turn.
 #pragma once
 
 #include "platform/process_locks.h"
@@ -17,7 +19,7 @@ public:
     explicit InstallationTurn(AppContext& ctx);
 
 private:
-    std::unique_ptr<InterProcessLock> lock;
+    std::unique_ptr<InterProcessLock> buildLock, projectLock;
 };
 
 // The same for the PC's virtual COM port, which the remote COM port settings and the multiplexer
@@ -31,5 +33,5 @@ private:
     std::unique_ptr<InterProcessLock> lock;
 };
 
-// The file whose lock the installation's turns take, in its build folder.
+// The file whose lock the installation's turns take, in the build and the project folder.
 extern const char* const kInstallationLockName;

@@ -161,13 +161,13 @@ bool MuxScanCommand(AppContext& ctx)
     project.serialBaudRate = static_cast<int>(baud);
     ctx.ui.RefreshPanel();
     const wxString baseProject = ctx.env.TgxProjectPath + ctx.platform.PathSeparator() + "MUXempty.prj";
-    auto turn = std::make_unique<InstallationTurn>(ctx);  // the base project and the build, until uploaded
     project.projectFilePath.Assign(baseProject);
     // The build takes its project copy from this file: the folder must be there.
     {
         wxLogNull quiet;  // a folder that cannot be made shows in the save that follows
         wxFileName::Mkdir(ctx.env.TgxProjectPath, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     }
+    auto turn = std::make_unique<InstallationTurn>(ctx);  // the base project and the build, until uploaded
     if (!SaveProject(ctx, baseProject))
         return false;
 

@@ -134,7 +134,7 @@ TEST_F(Tgxcfg, WhatCannotBeReadIsRefusedAndLeftAsItIs)
     wxMkdir(dir.path + "/folder.mbd");
     dir.Write("large.mbd", std::string(kMaxTextFileBytes + 1, '\n'));
     dir.Write("notes.prj", "# Notes\nThe boiler house gets a fifth transmitter in May.\n");
-    const wxString ctCfg = dir.path + "/installation/tgxtemplates/BUILD/ct.cfg";
+    const wxString ctCfg = wxFileName(dir.path + "/installation/tgxtemplates/BUILD/ct.cfg").GetFullPath();
     const struct {
         std::vector<wxString> args;
         const char* file;  // left as it was
