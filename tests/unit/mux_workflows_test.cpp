@@ -142,7 +142,8 @@ TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
                                          "pfmux COM5 -rads", "pfmux COM5 -rads", "pfmux COM5 -rads", "pfmux COM5 -rads",
                                          "pfmux COM5 -rdl", "pfmux COM5 -rdl", "ttvsp COM5 -d"}));
     const wxString instructing = "Instructing multiplexer to rebuild its loops - please wait";
-    EXPECT_EQ(t.ui.events, (std::vector<wxString>{"rebuild dialog", "begin: Multiplexer Status | " + instructing,
+    EXPECT_EQ(t.ui.events, (std::vector<wxString>{"rebuild dialog",
+                                                  "begin: Multiplexer Status | " + instructing + " (over the configurator)",
                                                   "pulse: " + instructing, "wait 2", "pulse: Waiting for multiplexer to complete rebuild ..",
                                                   "pulse: ", "wait 1", "pulse: ", "wait 1", "pulse: ", "wait 1",
                                                   "pulse: Checking multiplexer for discovered devices ..", "progress end"}));
