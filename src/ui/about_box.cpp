@@ -37,7 +37,7 @@ AboutDialog::AboutDialog(const wxAboutDialogInfo& info)
             text->Add(new wxStaticText(this, wxID_ANY, line), 0, wxBOTTOM, 4);
         } else {
             table->Add(new wxStaticText(this, wxID_ANY, label.Strip(wxString::trailing)));
-            table->Add(new wxStaticText(this, wxID_ANY, line.AfterFirst('\t').Strip(wxString::leading).Trim(false)));
+            table->Add(new wxStaticText(this, wxID_ANY, line.AfterFirst('\t').Strip(wxString::leading)));
         }
     }
     text->Add(table, 0, wxBOTTOM, 8);
