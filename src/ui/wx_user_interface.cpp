@@ -39,6 +39,7 @@ wxString CaptionOrDefault(const wxString& caption)
     return caption.empty() ? wxString(wxMessageBoxCaptionStr) : caption;
 }
 
+#ifdef __WXGTK__
 // Grows the window to its content, never narrower: a step's text may be shorter than the last.
 void GrowToContent(wxTopLevelWindow& window)
 {
@@ -69,6 +70,7 @@ void DrawNow(wxWindow& window)
         loop->YieldFor(wxEVT_CATEGORY_UI);
     window.Unbind(wxEVT_PAINT, onPaint);
 }
+#endif
 
 // A window title is one line: a line break in it would show as a box.
 wxString TitleLine(const wxString& title)
@@ -158,19 +160,24 @@ void WxUserInterface::OpenProgress(wxWindow* parent, const wxString& title, cons
 }
 
 // Each step's text is drawn for the first time with the dialog grown to hold it, and is on screen
-// before the step runs: a step may run a tool for long, or wait, without drawing anything.
+// before the step runs: a step may run a tool for long, or wait, without drawing anything. (The
+// Windows dialog is the system's own, drawn at once by its own thread.)
 void WxUserInterface::PulseProgress(const wxString& text)
 {
     if (scripted != nullptr)
         return scripted->PulseProgress(text);
     if (!progress)
         return;
+#ifdef __WXGTK__
     {
         wxWindowUpdateLocker notYet(progress.get());
         progress->Pulse(text);
         GrowToContent(*progress);
     }
     DrawNow(*progress);
+#else
+    progress->Pulse(text);
+#endif
 }
 
 void WxUserInterface::EndProgress()
