@@ -3,7 +3,7 @@ BUILD       ?= build
 BUILD_ASAN  ?= build-asan
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
-.PHONY: all deps build run test test-sanitize test-share bench clean
+.PHONY: all deps build run test test-sanitize test-share screenshots bench clean
 
 all: build
 
@@ -25,6 +25,10 @@ test-sanitize: deps
 	@cmake -S . -B $(BUILD_ASAN) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTGX_SANITIZE=ON -DTGX_BUILD_BENCH=OFF >/dev/null
 	@cmake --build $(BUILD_ASAN)
 	@ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 bash scripts/test.sh $(BUILD_ASAN)
+
+# The user guide's pictures (docs/images/), taken by the GUI tests under a window manager.
+screenshots: build
+	@bash scripts/screenshots.sh $(BUILD)
 
 # The tests' share of the code's lines (at most 40 %).
 test-share:

@@ -9,7 +9,7 @@ packages=("$@")
   libwxgtk3.2-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   nlohmann-json3-dev
-  xvfb xauth x11-utils imagemagick fonts-dejavu-core
+  xvfb xauth x11-utils imagemagick fonts-dejavu-core openbox
   ansible-core
 )
 

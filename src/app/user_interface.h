@@ -110,6 +110,11 @@ public:
     virtual void BeginProgress(const wxString& title, const wxString& message) = 0;
     virtual void PulseProgress(const wxString& text) = 0;
     virtual void EndProgress() = 0;
+    // The same over the configurator window, for the steps that are its own (the loop rebuild).
+    virtual void BeginProgressOver(MuxScanWindow& /*owner*/, const wxString& title, const wxString& message)
+    {
+        BeginProgress(title, message);
+    }
 
     // The dialogs: false when cancelled, else the form holds what was entered.
     virtual bool EditDevice(DeviceForm& form) = 0;

@@ -52,7 +52,7 @@ bool RebuildMuxLoops(AppContext& ctx, MuxScanWindow& window)
     if (!ctx.ui.EditMuxRebuild(form))
         return false;
     const wxString instructing = "Instructing multiplexer to rebuild its loops - please wait";
-    ctx.ui.BeginProgress("Multiplexer Status", instructing);
+    ctx.ui.BeginProgressOver(window, "Multiplexer Status", instructing);
     ctx.ui.PulseProgress(instructing);
     // A failure leaves the progress dialog up under its message, until the handler ends.
     auto fail = [&ctx](const wxString& message) {

@@ -2,6 +2,7 @@
 
 #include "app/user_interface.h"
 #include "mux/mux_rebuild.h"
+#include "project/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -63,7 +64,8 @@ MUXRebuildBase::MUXRebuildBase(wxWindow* parent, wxWindowID id, const wxString& 
     buttons->AddButton(new wxButton(this, wxID_CANCEL, "CANCEL"));
     buttons->Realize();
     outer->Add(buttons, 0, wxEXPAND | wxALL, kBorder);
-    SetSizerAndFit(outer);
+    SetSizer(outer);
+    SizeForContent(*this);
     Centre(wxBOTH);
 }
 

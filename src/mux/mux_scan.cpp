@@ -16,6 +16,7 @@
 
 const char* const kMuxBaudRates[7] = {"4800", "9600", "19200", "38400", "57600", "76800", "115200"};
 const char* const kMuxNoContact = "Unable to communicate with multiplexer\nYou must configure the TG7 manually";
+const char* const kMuxNoDevices = "No multiplexer devices to add\nRebuild the loops or scan the multiplexer again";
 
 namespace {
 
@@ -67,11 +68,15 @@ void SetCommand(ProjectDevice& device, int slot, int number, int interval)
 // puts row r into slot r, which is the device count at that moment, so both commands pack.
 void AddMuxDevices(AppContext& ctx, const std::vector<MuxRow>& rows, const std::vector<int>& picked)
 {
+    if (rows.empty()) {
+        ctx.ui.ShowMessage(kMuxNoDevices);
+        return;
+    }
     Project& project = ctx.project;
     ClearDevices(project);
     SetText(project.mode, "MULTIPLEXOR");
     ProjectDevice& mux = project.devices[0];
-    SetText(mux.longAddress, rows.empty() ? wxString() : rows[0].address);
+    SetText(mux.longAddress, rows[0].address);
     SetText(mux.typeName, "KFD2");
     mux.pollAddress = 0;
     mux.enabled = 1;

@@ -14,6 +14,7 @@ struct AppContext;
 // The baud rates the multiplexer may run at, as the scan dialog offers them.
 extern const char* const kMuxBaudRates[7];
 extern const char* const kMuxNoContact;
+extern const char* const kMuxNoDevices;
 
 // The grid rows of the multiplexer's device list ("Multiplexer = ..." and "Device = ..." lines;
 // other lines give no row).
@@ -27,6 +28,6 @@ bool ReadMuxDeviceList(AppContext& ctx, const wxString& comName, bool waitFirst,
 bool MuxScanCommand(AppContext& ctx);
 
 // Add All and Add Selected: the project becomes the multiplexer (row 0) with the chosen rows as
-// its devices.
+// its devices. An empty grid (a rebuild whose list could not be read) changes nothing and says so.
 void AddAllMuxDevices(AppContext& ctx, const MuxScanWindow& window);
 void AddSelectedMuxDevices(AppContext& ctx, const MuxScanWindow& window);

@@ -2,6 +2,7 @@
 
 #include "mux/mux_rebuild.h"
 #include "mux/mux_scan.h"
+#include "project/dialog_layout.h"
 
 #include <wx/sizer.h>
 
@@ -31,6 +32,10 @@ MUXScanFrameBase::MUXScanFrameBase(wxWindow* parent, wxWindowID id, const wxStri
         buttons->Add(button, 1, wxALL, 4);
     outer->Add(buttons, 0, wxEXPAND);
     panel->SetSizer(outer);
+    wxBoxSizer* frameSizer = new wxBoxSizer(wxVERTICAL);
+    frameSizer->Add(panel, 1, wxEXPAND);
+    SetSizer(frameSizer);
+    SizeForContent(*this, size);
     m_buttonAddAll->Bind(wxEVT_BUTTON, &MUXScanFrameBase::OnAddAll, this);
     m_buttonAddSelected->Bind(wxEVT_BUTTON, &MUXScanFrameBase::OnAddSelected, this);
     m_buttonRebuildLoops->Bind(wxEVT_BUTTON, &MUXScanFrameBase::OnRebuildLoops, this);

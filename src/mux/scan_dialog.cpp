@@ -2,6 +2,7 @@
 
 #include "app/user_interface.h"
 #include "mux/mux_scan.h"
+#include "project/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -44,7 +45,7 @@ guiScanDialog::guiScanDialog(wxWindow* parent, wxWindowID id, const wxString& ti
     buttons->Realize();
     outer->Add(buttons, 0, wxEXPAND | wxALL, kBorder);
     SetSizer(outer);
-    Layout();
+    SizeForContent(*this, size);
     Centre(wxBOTH);
 }
 

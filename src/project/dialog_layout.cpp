@@ -6,6 +6,29 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
+
+namespace {
+
+void ForgetBestSizes(wxWindow& window)
+{
+    window.InvalidateBestSize();
+    for (wxWindow* child : window.GetChildren())
+        if (!child->IsTopLevel())
+            ForgetBestSizes(*child);
+}
+
+// The prescribed size, never below the content's minimum.
+void FitToContent(wxTopLevelWindow& window, const wxSize& prescribed)
+{
+    ForgetBestSizes(window);
+    const wxSize content = window.GetSizer()->ComputeFittingWindowSize(&window);
+    window.SetMinSize(content);
+    window.SetSize(wxSize(std::max(prescribed.x, content.x), std::max(prescribed.y, content.y)));
+}
+
+}  // namespace
+
 void LayOutFormDialog(wxDialog& dialog, std::initializer_list<std::pair<wxStaticText*, wxWindow*>> fields,
                       std::initializer_list<wxCheckBox*> checks)
 {
@@ -24,7 +47,21 @@ void LayOutFormDialog(wxDialog& dialog, std::initializer_list<std::pair<wxStatic
     outer->Add(grid, 1, wxEXPAND | wxALL, kBorder);
     outer->Add(dialog.CreateStdDialogButtonSizer(wxOK | wxCANCEL), 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, kBorder);
     dialog.SetSizer(outer);
-    dialog.SetMinSize(wxSize(320, -1));
-    dialog.Fit();
+    SizeForContent(dialog, wxSize(320, -1));
     dialog.Centre(wxBOTH);
+}
+
+void SizeForContent(wxTopLevelWindow& window, const wxSize& prescribed)
+{
+    FitToContent(window, prescribed);
+    window.Layout();
+    // While GTK shows the window it may report a size of its own for a moment: the size here is
+    // the one decided, and the controls are placed once the window has it.
+    window.Bind(wxEVT_SHOW, [&window, prescribed](wxShowEvent& event) {
+        event.Skip();
+        if (event.IsShown()) {
+            FitToContent(window, prescribed);
+            window.PostSizeEvent();
+        }
+    });
 }

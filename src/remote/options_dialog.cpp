@@ -1,6 +1,7 @@
 #include "remote/options_dialog.h"
 
 #include "app/user_interface.h"
+#include "project/dialog_layout.h"
 
 #include <wx/font.h>
 #include <wx/sizer.h>
@@ -51,7 +52,7 @@ guiOptionsDialog::guiOptionsDialog(wxWindow* parent, wxWindowID id, const wxStri
     top->Add(grid, 1, wxALL | wxEXPAND, 5);
     top->Add(CreateStdDialogButtonSizer(wxOK | wxCANCEL), 0, wxALL | wxEXPAND, 5);
     SetSizer(top);
-    Layout();
+    SizeForContent(*this, size);
     Centre(wxBOTH);
 }
 

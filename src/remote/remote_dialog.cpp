@@ -1,6 +1,7 @@
 #include "remote/remote_dialog.h"
 
 #include "app/user_interface.h"
+#include "project/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -32,7 +33,7 @@ guiRemoteDialog::guiRemoteDialog(wxWindow* parent, wxWindowID id, const wxString
     outer->Add(grid, 1, wxEXPAND | wxLEFT | wxRIGHT, kBorder);
     outer->Add(CreateStdDialogButtonSizer(wxOK | wxCANCEL), 0, wxEXPAND | wxALL, kBorder);
     SetSizer(outer);
-    Layout();
+    SizeForContent(*this, size);
     Centre(wxBOTH);
 }
 

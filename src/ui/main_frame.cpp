@@ -41,7 +41,9 @@ MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scrip
       context{theProject, env, target, deviceTypes, ui, tools, platform}
 {
     SetIcon(wxICON(icon_program));
-    CreateStatusBar(1);
+    // Without a size grip, the version line fits at the window's usual width; a longer one is
+    // shown whole in the field's tooltip.
+    CreateStatusBar(1, wxSTB_DEFAULT_STYLE & ~wxSTB_SIZEGRIP);
     startedUp = RunStartup(context);
 }
 

@@ -119,6 +119,19 @@ void MainFrameBase::CreateMenus()
     m_menubar->Append(m_menuHelp, "Help");
 
     SetMenuBar(m_menubar);
+#ifdef __WXGTK__
+    // Under a window manager GTK first gives the new window the 2 x 1 pixels it was realized with
+    // while the manager reports its decorations, and the menu bar cannot be narrower than its
+    // menus. So the bar joins the window once the window is shown.
+    m_menubar->Hide();
+    Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+        event.Skip();
+        if (event.IsShown() && !m_menubar->IsShown()) {
+            m_menubar->Show();
+            SendSizeEvent();
+        }
+    });
+#endif
 }
 
 void MainFrameBase::CreatePanel()

@@ -2,7 +2,9 @@
 
 #include "project/cmd_dialog.h"
 #include "project/device_dialog.h"
+#include "project/dialog_layout.h"
 #include "mux/mux_rebuild_dialog.h"
+#include "mux/mux_scan_window.h"
 #include "mux/scan_dialog.h"
 #include "remote/options_dialog.h"
 #include "remote/remote_dialog.h"
@@ -12,10 +14,11 @@
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/progdlg.h>
+#include <wx/sizer.h>
 #include <wx/textdlg.h>
+#include <wx/stopwatch.h>
 #include <wx/valtext.h>
-
-#include <algorithm>
+#include <wx/wupdlock.h>
 
 namespace {
 
@@ -36,27 +39,46 @@ wxString CaptionOrDefault(const wxString& caption)
     return caption.empty() ? wxString(wxMessageBoxCaptionStr) : caption;
 }
 
-// Widens the progress dialog to its longest text so far and draws it now: the step that follows
-// may run a tool for a long time, and its text must be on screen meanwhile.
-void ShowWholeProgressText(wxProgressDialog& dialog, const wxString& text)
+#ifdef __WXGTK__
+// Grows the window to its content, never narrower: a step's text may be shorter than the last.
+void GrowToContent(wxTopLevelWindow& window)
 {
-    int widest = 0;
-    for (const wxString& line : wxSplit(text, '\n')) {
-        int width = 0, height = 0;
-        dialog.GetTextExtent(line, &width, &height);
-        widest = std::max(widest, width);
-    }
-    const int margins = dialog.FromDIP(60);
-    const wxSize client = dialog.GetClientSize();
-    if (client.x < widest + margins) {
-        dialog.SetClientSize(widest + margins, client.y);
-        dialog.Layout();
-    }
-    dialog.Refresh();
-    dialog.Update();
+    for (wxWindow* child : window.GetChildren())
+        child->InvalidateBestSize();
+    wxSize size = window.GetClientSize();
+    size.IncTo(window.GetSizer()->GetMinSize());
+    if (size != window.GetClientSize())
+        window.SetClientSize(size);
+    window.Layout();
+}
+
+// Draws the window again and waits, a second at most, until that is on screen. GTK places the
+// controls and draws them together, after the window manager has mapped the window or granted it
+// a new size: what this waits for is the window as it is now. (A repaint alone would draw the
+// controls where they were.)
+void DrawNow(wxWindow& window)
+{
+    bool painted = false;
+    const auto onPaint = [&painted](wxPaintEvent& event) {
+        painted = true;
+        event.Skip();
+    };
+    window.Bind(wxEVT_PAINT, onPaint);
+    window.Refresh();
     wxEventLoopBase* loop = wxEventLoopBase::GetActive();
-    if (loop != nullptr)
+    for (wxStopWatch watch; loop != nullptr && !painted && watch.Time() < 1000; wxMilliSleep(5))
         loop->YieldFor(wxEVT_CATEGORY_UI);
+    window.Unbind(wxEVT_PAINT, onPaint);
+}
+#endif
+
+// A window title is one line: a line break in it would show as a box.
+wxString TitleLine(const wxString& title)
+{
+    wxString line = title;
+    line.Replace("\r", " ");
+    line.Replace("\n", " ");
+    return line.Trim();
 }
 
 }  // namespace
@@ -94,6 +116,7 @@ bool WxUserInterface::EnterText(TextEntryForm& form)
         validator.SetCharIncludes(form.allowedChars);
         dialog.SetTextValidator(validator);
     }
+    SizeForContent(dialog);
     if (dialog.ShowModal() != wxID_OK)
         return false;
     form.value = dialog.GetValue();
@@ -120,17 +143,41 @@ void WxUserInterface::BeginProgress(const wxString& title, const wxString& messa
 {
     if (scripted != nullptr)
         return scripted->BeginProgress(title, message);
-    progress = std::make_unique<wxProgressDialog>(title, message, 100, &frame, wxPD_APP_MODAL);
+    OpenProgress(&frame, title, message);
 }
 
+void WxUserInterface::BeginProgressOver(MuxScanWindow& owner, const wxString& title, const wxString& message)
+{
+    if (scripted != nullptr)
+        return scripted->BeginProgressOver(owner, title, message);
+    wxWindow* window = dynamic_cast<wxWindow*>(&owner);
+    OpenProgress(window != nullptr ? window : &frame, title, message);
+}
+
+void WxUserInterface::OpenProgress(wxWindow* parent, const wxString& title, const wxString& message)
+{
+    progress = std::make_unique<wxProgressDialog>(TitleLine(title), message, 100, parent, wxPD_APP_MODAL);
+}
+
+// Each step's text is drawn for the first time with the dialog grown to hold it, and is on screen
+// before the step runs: a step may run a tool for long, or wait, without drawing anything. (The
+// Windows dialog is the system's own, drawn at once by its own thread.)
 void WxUserInterface::PulseProgress(const wxString& text)
 {
     if (scripted != nullptr)
         return scripted->PulseProgress(text);
     if (!progress)
         return;
+#ifdef __WXGTK__
+    {
+        wxWindowUpdateLocker notYet(progress.get());
+        progress->Pulse(text);
+        GrowToContent(*progress);
+    }
+    DrawNow(*progress);
+#else
     progress->Pulse(text);
-    ShowWholeProgressText(*progress, text);
+#endif
 }
 
 void WxUserInterface::EndProgress()

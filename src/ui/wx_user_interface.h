@@ -24,6 +24,7 @@ public:
     void BeginProgress(const wxString& title, const wxString& message) override;
     void PulseProgress(const wxString& text) override;
     void EndProgress() override;
+    void BeginProgressOver(MuxScanWindow& owner, const wxString& title, const wxString& message) override;
     bool EditDevice(DeviceForm& form) override;
     bool EditCommand(CommandForm& form) override;
     bool EditOptions(OptionsForm& form) override;
@@ -37,6 +38,8 @@ public:
     void ShowStatus(const wxString& text) override;
 
 private:
+    void OpenProgress(wxWindow* parent, const wxString& title, const wxString& message);
+
     MainFrame& frame;
     UserInterface* scripted;
     std::unique_ptr<wxProgressDialog> progress;

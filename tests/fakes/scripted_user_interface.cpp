@@ -97,6 +97,11 @@ void ScriptedUserInterface::BeginProgress(const wxString& title, const wxString&
     events.push_back(progress.back());
 }
 
+void ScriptedUserInterface::BeginProgressOver(MuxScanWindow& owner, const wxString& title, const wxString& message)
+{
+    BeginProgress(title, message + (&owner == &scanWindow ? " (over the configurator)" : " (over another window)"));
+}
+
 void ScriptedUserInterface::PulseProgress(const wxString& text)
 {
     progress.push_back("pulse: " + text);

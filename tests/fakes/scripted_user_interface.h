@@ -44,6 +44,7 @@ public:
     void BeginProgress(const wxString& title, const wxString& message) override;
     void PulseProgress(const wxString& text) override;
     void EndProgress() override;
+    void BeginProgressOver(MuxScanWindow& owner, const wxString& title, const wxString& message) override;
     bool EditDevice(DeviceForm& form) override;
     bool EditCommand(CommandForm& form) override;
     bool EditOptions(OptionsForm& form) override;

@@ -9,6 +9,10 @@
 #include "unit/temp_dir.h"
 
 #include <memory>
+#include <string>
+#include <vector>
+
+class wxTopLevelWindow;
 
 struct FrameCloser {
     void operator()(wxFrame* frame) const
@@ -20,12 +24,18 @@ struct FrameCloser {
 template <class T>
 using FramePtr = std::unique_ptr<T, FrameCloser>;
 
-// Lets the window map and paint, then writes a screenshot of it to the test output folder.
-// False when the picture could not be taken (ImageMagick's import missing).
+// Lets the window map and paint, then writes a screenshot of it to the test output folder (or to
+// TGX_SCREENSHOT_DIR when set). False when the picture could not be taken (ImageMagick's import
+// missing).
 bool SaveScreenshot(wxWindow* window, const wxString& name);
 
 // Processes pending and posted events for a moment.
 void PumpEvents(int milliseconds = 100);
+
+// What keeps a shown window from being whole, one line each: not on screen, smaller on screen
+// than the toolkit has laid it out, smaller than its content's minimum, or a GTK widget in it
+// allocated less than its minimum (a cut control).
+std::vector<std::string> WindowProblems(wxTopLevelWindow& window);
 
 // A scratch folder with a registry file that names the sample installation.
 struct SampleInstallation : TempDir {

@@ -2,8 +2,6 @@
 #include "fakes/scripted_user_interface.h"
 #include "gui_support.h"
 #include "platform/posix_platform.h"
-#include "project/cmd_dialog.h"
-#include "project/device_dialog.h"
 #include "project/project_commands.h"
 #include "project/text_file.h"
 #include "ui/main_frame.h"
@@ -11,9 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <wx/filename.h>
-#include <wx/progdlg.h>
 
-#include <dlfcn.h>
 #include <string>
 #include <vector>
 
@@ -74,8 +70,6 @@ TEST_F(LoadedProject, PanelShowsTheProjectAndItsLists)
     wxMenuBar* bar = frame->GetMenuBar();
     EXPECT_TRUE(bar->IsEnabled(bar->FindMenuItem("Project", "Save")));
     EXPECT_FALSE(bar->IsChecked(bar->FindMenuItem("Modbus", "Automatic Map")));  // the example has its own map
-    // A picture for people: the main window with a project.
-    EXPECT_TRUE(SaveScreenshot(frame.get(), "main_window.png")) << "screenshots need ImageMagick's import";
 }
 
 TEST_F(LoadedProject, SelectingADeviceShowsItsCommandsAndADoubleClickOpensModify)
@@ -107,39 +101,6 @@ TEST_F(LoadedProject, SelectingADeviceShowsItsCommandsAndADoubleClickOpensModify
     EXPECT_EQ(dialogs.commandForms[0].commandNumber, "48");  // device 1 is still selected
 }
 
-TEST(Dialogs, ExchangeTheirFormsBothWays)
-{
-    DeviceDialog device(nullptr);
-    DeviceForm in;
-    in.typeNames = Lines({"Generic", "KFD2"});
-    in.typeSelection = 1, in.address = "0123456789", in.autoAddressing = true;
-    device.TransferFormToWindow(in);
-    EXPECT_EQ(Lines({device.GetTitle(), device.m_choiceDeviceType->GetStringSelection(),
-                  device.m_textHartAddress->GetValue()}), Lines({"Setup Hart Device", "KFD2", "0123456789"}));
-    EXPECT_TRUE(!device.m_checkEnabled->GetValue() && device.m_checkAutoAddressing->GetValue());
-    device.m_choiceDeviceType->SetSelection(0);
-    device.m_textHartAddress->SetValue("12");
-    device.m_checkEnabled->SetValue(true);
-    DeviceForm out;
-    device.TransferWindowToForm(out);
-    EXPECT_TRUE(out.typeSelection == 0 && out.address == "12" && out.enabledForPolling && out.autoAddressing);
-    device.Show();
-    EXPECT_TRUE(SaveScreenshot(&device, "device_dialog.png"));
-
-    CmdDialog command(nullptr);
-    command.TransferFormToWindow(CommandForm{"48:1,2", "10", true, false});
-    EXPECT_EQ(Lines({command.GetTitle(), command.m_textCommandNumber->GetValue(),
-                  command.m_textCycleInterval->GetValue()}), Lines({"Hart Command", "48:1,2", "10"}));
-    command.m_textCycleInterval->SetValue("60");
-    command.m_checkWrite->SetValue(true);
-    CommandForm read;
-    command.TransferWindowToForm(read);
-    EXPECT_TRUE(read.commandNumber == "48:1,2" && read.cycleInterval == "60");
-    EXPECT_TRUE(read.enabledForPolling && read.writeCommand);
-    command.Show();
-    EXPECT_TRUE(SaveScreenshot(&command, "command_dialog.png"));
-}
-
 // Typed text is taken by the menu commands while the entry still has the focus.
 TEST_F(LoadedProject, TypedRtuAddressIsTakenBySaveAndClose)
 {
@@ -155,70 +116,4 @@ TEST_F(LoadedProject, TypedRtuAddressIsTakenBySaveAndClose)
     EXPECT_EQ(frame->Context().project.modbusRtuAddress, 427);
     ASSERT_EQ(dialogs.questions.size(), 1u);  // the unsaved mark makes Close ask; No keeps it open
     EXPECT_EQ(frame->Context().project.projectOpen, 1);
-}
-
-namespace {
-
-// GTK complains when a widget gets less room than its minimum; a scrolled list may.
-struct GtkSizes {
-    struct Size { int width, height; };
-    struct List { void* data; List* next; List* prev; };
-    // From the libraries the toolkit has loaded already.
-    template <class F>
-    static F* Find(const char* name)
-    {
-        for (const char* library : {"libgtk-3.so.0", "libgobject-2.0.so.0"})
-            if (void* handle = dlopen(library, RTLD_LAZY | RTLD_NOLOAD))
-                if (void* symbol = dlsym(handle, name))
-                    return reinterpret_cast<F*>(symbol);
-        return nullptr;
-    }
-    void (*preferred)(void*, Size*, Size*) = Find<void(void*, Size*, Size*)>("gtk_widget_get_preferred_size");
-    int (*width)(void*) = Find<int(void*)>("gtk_widget_get_allocated_width");
-    int (*height)(void*) = Find<int(void*)>("gtk_widget_get_allocated_height");
-    List* (*children)(void*) = Find<List*(void*)>("gtk_container_get_children");
-    unsigned long (*containerType)() = Find<unsigned long()>("gtk_container_get_type");
-    unsigned long (*scrollableType)() = Find<unsigned long()>("gtk_scrollable_get_type");
-    int (*isA)(void*, unsigned long) = Find<int(void*, unsigned long)>("g_type_check_instance_is_a");
-    const char* (*typeName)(void*) = Find<const char*(void*)>("g_type_name_from_instance");
-
-    void Squeezed(void* widget, std::vector<std::string>& found) const
-    {
-        Size min{}, natural{};
-        preferred(widget, &min, &natural);
-        if (!isA(widget, scrollableType()) && (width(widget) < min.width || height(widget) < min.height))
-            found.push_back(typeName(widget));
-        if (!isA(widget, containerType()))
-            return;
-        for (List* child = children(widget); child != nullptr; child = child->next)
-            Squeezed(child->data, found);
-    }
-};
-
-}  // namespace
-
-TEST_F(LoadedProject, NoControlIsSqueezedBelowItsMinimum)
-{
-    PumpEvents(300);
-    const GtkSizes gtk;
-    ASSERT_TRUE(gtk.preferred && gtk.isA && gtk.children);
-    std::vector<std::string> squeezed;
-    gtk.Squeezed(frame->GetHandle(), squeezed);
-    EXPECT_TRUE(squeezed.empty()) << squeezed.front();
-}
-
-// The step text is on screen whole before the step's tool runs.
-TEST_F(LoadedProject, ProgressDialogShowsItsLongestTextWhole)
-{
-    WxUserInterface real(*frame, nullptr);
-    real.BeginProgress("Device configuration", "Configuring");
-    const wxString step = "Checking firmware and templates versions, and a good deal more than that";
-    real.PulseProgress(step);
-    wxProgressDialog* dialog = nullptr;
-    for (wxWindow* window : wxTopLevelWindows)
-        if (auto* found = dynamic_cast<wxProgressDialog*>(window))
-            dialog = found;
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_GT(dialog->GetClientSize().x, dialog->GetTextExtent(step).x);
-    real.EndProgress();
 }

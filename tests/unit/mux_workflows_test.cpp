@@ -109,9 +109,17 @@ TEST(MuxDevices, AddAllAndAddSelected)
     const ProjectDevice* d = picked.project.devices;
     EXPECT_EQ(picked.project.deviceCount, 3);
     EXPECT_EQ(GetText(d[1].deviceName) + GetText(d[2].deviceName) + GetText(d[5].deviceName), "TT3TT5");
+
+    // An empty grid, after a rebuild that could not read the list: the project stays, the user is told.
+    TestContext empty;
+    empty.project.deviceCount = 2;
+    AddAllMuxDevices(empty.ctx, empty.ui.scanWindow);
+    AddSelectedMuxDevices(empty.ctx, empty.ui.scanWindow);
+    EXPECT_TRUE(empty.project.deviceCount == 2 && GetText(empty.project.mode) != "MULTIPLEXOR");
+    EXPECT_EQ(empty.ui.events, std::vector<wxString>(2, wxString("message: ") + kMuxNoDevices));
 }
 
-// The estimate is checked in the rebuild dialog (mux_windows_test.cpp) and by tgxcfg mux-rebuild.
+// The estimate is checked in the rebuild dialog (whole_windows_test.cpp) and by tgxcfg mux-rebuild.
 TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
 {
     TestContext t;
@@ -134,7 +142,8 @@ TEST(MuxRebuild, InstructsPollsAndRefillsTheGrid)
                                          "pfmux COM5 -rads", "pfmux COM5 -rads", "pfmux COM5 -rads", "pfmux COM5 -rads",
                                          "pfmux COM5 -rdl", "pfmux COM5 -rdl", "ttvsp COM5 -d"}));
     const wxString instructing = "Instructing multiplexer to rebuild its loops - please wait";
-    EXPECT_EQ(t.ui.events, (std::vector<wxString>{"rebuild dialog", "begin: Multiplexer Status | " + instructing,
+    EXPECT_EQ(t.ui.events, (std::vector<wxString>{"rebuild dialog",
+                                                  "begin: Multiplexer Status | " + instructing + " (over the configurator)",
                                                   "pulse: " + instructing, "wait 2", "pulse: Waiting for multiplexer to complete rebuild ..",
                                                   "pulse: ", "wait 1", "pulse: ", "wait 1", "pulse: ", "wait 1",
                                                   "pulse: Checking multiplexer for discovered devices ..", "progress end"}));
