@@ -6,6 +6,8 @@
 #include <wx/string.h>
 #include <wx/utils.h>
 
+#include <functional>
+
 enum class MessageIcon { None, Information, Warning, Error, Exclamation };
 
 // A modal message box with an OK button. An empty caption means the toolkit's default caption.
@@ -137,13 +139,13 @@ public:
     // Lets a finished step stay on screen for a moment.
     virtual void WaitSeconds(int seconds) { wxSleep(seconds); }
 
-    // Another run of the tool holds what this one needs next: called about five times a second
-    // until it is free, `first` on the first call. Shows `text` and lets the time pass.
-    virtual void WaitForOtherRun(const wxString& text, bool first)
+    // Another run of the tool holds what this one needs next: shows `text` while it waits, asking
+    // `free` about five times a second until it says the run may go on.
+    virtual void WaitForOtherRun(const wxString& text, const std::function<bool()>& free)
     {
         (void)text;
-        (void)first;
-        wxMilliSleep(200);
+        while (!free())
+            wxMilliSleep(200);
     }
 
     // A save did not write the project file or its map file; `message` names the file and the

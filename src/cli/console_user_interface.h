@@ -45,11 +45,10 @@ public:
     void RefreshCommandList() override { }
     void ShowStatus(const wxString&) override { }
     // Said once, on its own line.
-    void WaitForOtherRun(const wxString& text, bool first) override
+    void WaitForOtherRun(const wxString& text, const std::function<bool()>& free) override
     {
-        if (first)
-            Print(text);
-        wxMilliSleep(200);
+        Print(text);
+        UserInterface::WaitForOtherRun(text, free);
     }
     // A script is told, and the workflow stops: nothing runs on a project that was not saved.
     bool ContinueAfterFailedSave(const wxString& message) override

@@ -12,11 +12,8 @@ namespace {
 // file's folder is not there, and the run fails where it needs it.
 void TakeTurn(AppContext& ctx, const wxString& file, const wxString& waiting, std::unique_ptr<InterProcessLock>& lock)
 {
-    LockAttempt attempt = ctx.platform.TryLock(file, lock);
-    for (bool first = true; attempt == LockAttempt::Busy; first = false) {
-        ctx.ui.WaitForOtherRun(waiting, first);
-        attempt = ctx.platform.TryLock(file, lock);
-    }
+    if (ctx.platform.TryLock(file, lock) == LockAttempt::Busy)
+        ctx.ui.WaitForOtherRun(waiting, [&] { return ctx.platform.TryLock(file, lock) != LockAttempt::Busy; });
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include <wx/msgdlg.h>
 #include <wx/progdlg.h>
 #include <wx/sizer.h>
+#include <wx/statusbr.h>
 #include <wx/textdlg.h>
 #include <wx/stopwatch.h>
 #include <wx/valtext.h>
@@ -223,6 +224,18 @@ void WxUserInterface::RefreshPanel()
     frame.RefreshPanelFromProject();
     if (scripted != nullptr)
         scripted->RefreshPanel();
+}
+
+void WxUserInterface::WaitForOtherRun(const wxString& text, const std::function<bool()>& free)
+{
+    const wxString before = frame.GetStatusBar() != nullptr ? frame.GetStatusBar()->GetStatusText(0) : wxString();
+    frame.SetStatusText(text, 0);
+    wxBusyCursor busy;
+    while (!free()) {
+        wxSafeYield(nullptr, true);
+        wxMilliSleep(200);
+    }
+    frame.SetStatusText(before, 0);
 }
 
 void WxUserInterface::ShowStatus(const wxString& text)

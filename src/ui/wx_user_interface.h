@@ -36,6 +36,8 @@ public:
     void RefreshPanel() override;
     void RefreshCommandList() override;
     void ShowStatus(const wxString& text) override;
+    // The status line says why nothing moves; the windows repaint but take no input meanwhile.
+    void WaitForOtherRun(const wxString& text, const std::function<bool()>& free) override;
 
 private:
     void OpenProgress(wxWindow* parent, const wxString& title, const wxString& message);

@@ -51,10 +51,11 @@ public:
     void RefreshPanel() override;
     void RefreshCommandList() override;
     void WaitSeconds(int seconds) override;  // recorded, not waited
-    void WaitForOtherRun(const wxString& text, bool first) override  // recorded once, not waited
+    void WaitForOtherRun(const wxString& text, const std::function<bool()>& free) override  // recorded, not waited
     {
-        if (first)
-            events.push_back("waiting: " + text);
+        events.push_back("waiting: " + text);
+        while (!free()) {
+        }
     }
     void ShowStatus(const wxString& text) override;
 

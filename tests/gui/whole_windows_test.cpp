@@ -114,8 +114,9 @@ class LookingRunner : public DesktopToolRunner {
 public:
     const char* picture = nullptr;  // taken at the first tool with the dialog up
     MainFrame* frame = nullptr;
-    long RunCaptured(const wxString& command, wxArrayString& output) override
+    long RunCaptured(const ToolCommand& tool, wxArrayString& output) override
     {
+        const wxString command = tool.CommandLine();
         for (wxWindow* window : wxTopLevelWindows)
             if (auto* progress = dynamic_cast<wxProgressDialog*>(window)) {
                 EXPECT_EQ(WindowProblems(*progress), std::vector<std::string>{}) << command;
@@ -125,7 +126,7 @@ public:
                 EXPECT_TRUE(picture == nullptr || SaveScreenshot(progress, wxString(picture) + ".png"));
                 picture = nullptr;
             }
-        return DesktopToolRunner::RunCaptured(command, output);
+        return DesktopToolRunner::RunCaptured(tool, output);
     }
 };
 

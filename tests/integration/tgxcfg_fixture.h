@@ -45,6 +45,10 @@ protected:
         wxGetEnvMap(&env.env);
         env.env["TGX_DOCUMENTS"] = dir.path + "/Documents";
         env.env["TGXSIM_HOME"] = dir.path + "/gateway";
+        // The simulated PC's temporary folder, where the lock of its virtual COM port lies.
+        wxMkdir(dir.path + "/tmp");
+        for (const char* temp : {"TMPDIR", "TMP", "TEMP"})
+            env.env[temp] = dir.path + "/tmp";
         env.env.erase("TT_SSH_PORT");
         env.env["PATH"] = wxString(TGX_SIMULATOR_BIN) + wxPATH_SEP + env.env["PATH"];
         env.cwd = dir.path;
