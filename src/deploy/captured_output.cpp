@@ -51,7 +51,9 @@ void CapturedLines::Add(const char* data, std::size_t size)
 
 void CapturedLines::Finish()
 {
-    if (!pending.empty())
+    // The last line, unless it is a byte order mark alone: then the output has no line at all.
+    const bool bomAlone = lines.empty() && keptBytes == 0 && pending == "\xEF\xBB\xBF";
+    if (!pending.empty() && !bomAlone)
         EndLine();
 }
 
