@@ -44,7 +44,7 @@ inline wxString FuzzText(const uint8_t* data, size_t size)
     return text;
 }
 
-// The lines a tool's captured output gives for these bytes (CapturedLines, as RunCaptured splits).
+// The lines a tool's captured output gives for these bytes (CapturedLines, as RunWithCapturedOutput splits them).
 inline wxArrayString FuzzLines(const uint8_t* data, size_t size)
 {
     wxArrayString lines;
@@ -59,7 +59,8 @@ inline wxArrayString FuzzLines(const uint8_t* data, size_t size)
 inline std::string FuzzPath(const std::string& name)
 {
     static const struct Folder {
-        std::filesystem::path path = (std::filesystem::is_directory("/dev/shm") ? "/dev/shm/tgx-fuzz-" : "/tmp/tgx-fuzz-") + std::to_string(getpid());
+        std::filesystem::path path =
+            (std::filesystem::is_directory("/dev/shm") ? "/dev/shm/tgx-fuzz-" : "/tmp/tgx-fuzz-") + std::to_string(getpid());
         Folder() { std::filesystem::create_directories(path); }
         ~Folder() { std::filesystem::remove_all(path); }
     } folder;
@@ -69,7 +70,7 @@ inline std::string FuzzPath(const std::string& name)
 // The bytes as that file.
 inline wxString FuzzFile(const std::string& name, const std::string& bytes)
 {
-    std::ofstream(FuzzPath(name), std::ios::binary | std::ios::trunc).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(FuzzPath(name), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return FuzzPath(name);
 }
 

@@ -36,8 +36,9 @@ struct Run : ScriptedUserInterface {
     AppContext ctx{project, env, target, deviceTypes, *this, tools, platform};
     bool ContinueAfterFailedSave(const wxString& message) override { FuzzFail(message); }
 
-    // Saves as FILE.prj and FILE.mbd, in the user-defined map mode: the automatic map's outside
-    // tools do not run (and the mode read is a number like every other). Both files' bytes.
+    // Saves as FILE.prj and FILE.mbd in the user-defined map mode, so that the automatic map's
+    // outside tools do not run (the mode the file gave is not compared; it is read as every other
+    // number is). Both files' bytes.
     std::string Save(const std::string& path)
     {
         project.automaticModbusMap = 0;
