@@ -51,7 +51,9 @@ void CapturedLines::Add(const char* data, std::size_t size)
 
 void CapturedLines::Finish()
 {
-    if (!pending.empty())
+    // The last line, unless it is a byte order mark alone: then the output has no line at all.
+    const bool bomAlone = lines.empty() && keptBytes == 0 && pending == "\xEF\xBB\xBF";
+    if (!pending.empty() && !bomAlone)
         EndLine();
 }
 
@@ -152,8 +154,10 @@ long RunWithCapturedOutput(const ToolCommand& command, wxArrayString& output)
     std::vector<char> buffer(1 << 16);
     for (;;) {
         const bool ended = process.ended;  // read before draining, so nothing written is missed
-        const bool read = ReadAvailable(process.GetInputStream(), buffer, &lines, 16) |
-                          ReadAvailable(process.GetErrorStream(), buffer, nullptr, 16);
+        // Both pipes drained every round, never one skipped: a tool must not block on a full pipe.
+        const bool readOutput = ReadAvailable(process.GetInputStream(), buffer, &lines, 16);
+        const bool readError = ReadAvailable(process.GetErrorStream(), buffer, nullptr, 16);
+        const bool read = readOutput || readError;
         if (ended && !read)
             break;
         // The windows keep answering while output floods in, and the child's end is noticed.

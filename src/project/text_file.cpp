@@ -395,7 +395,11 @@ bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* 
     for (const wxString& line : lines)
         size += line.length() + 2;
     std::string text;
-    text.reserve(size);
+    text.reserve(size + 3);
+    // A first line that starts with U+FEFF gets a BOM before it, else a reader would take the
+    // character for the BOM and drop it (a map read from a file that had its BOM twice).
+    if (!lines.empty() && !lines[0].empty() && lines[0][0] == wxUniChar(0xFEFF))
+        text = "\xEF\xBB\xBF";
     for (const wxString& line : lines) {
         const wxStringCharType* const chars = line.wx_str();
         const std::size_t length = line.length();

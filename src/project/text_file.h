@@ -37,7 +37,8 @@ TextFileRead ReadFirstTextLines(const wxString& path, wxArrayString& lines, std:
 // ReadTextFile(path, lines) == TextFileRead::Read.
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 
-// Writes the lines, each ended with CR LF on every platform, so that files made on Linux are
+// Writes the lines in UTF-8 (with a BOM only when the first line starts with U+FEFF, so that it
+// reads back whole), each ended with CR LF on every platform, so that files made on Linux are
 // byte-identical to those made on Windows. The new file is written beside the old one (as
 // FILE.saving-PID-N) and replaces it in one step once it is wholly on the disk, so an interrupted
 // save leaves the old one untouched; such a leftover of a save that was killed is removed by the
