@@ -1,40 +1,32 @@
 // Runs of tgxcfg at once on one installation, each against its own simulated gateway: each
 // gateway ends up running exactly its own project.
-#ifndef _WIN32
 #include "tgxcfg_fixture.h"
 
-#include <spawn.h>
-#include <sys/wait.h>
-
-#include <string>
+#include <algorithm>
+#include <cstdlib>
+#include <thread>
 
 namespace {
 
 class Parallel : public TgxcfgScratch {
 protected:
-    // Starts tgxcfg with `args` in the scratch folder, its output into FILE.out; the process id.
-    pid_t Start(const std::vector<wxString>& args, const wxString& output)
+    // Runs tgxcfg once per line of `runs` (its arguments and the file that takes its output), all
+    // at once; true when every run ended with status 0.
+    bool RunAtOnce(const std::vector<std::pair<wxString, wxString>>& runs)
     {
-        std::vector<std::string> words{TGX_CLI_BINARY, OwnInstallation().utf8_string()}, environment;
-        for (const wxString& arg : args)
-            words.push_back(arg.utf8_string());
         env.env["TGX_REGISTRY"] = registry;
         for (const auto& variable : env.env)
-            environment.push_back((variable.first + "=" + variable.second).utf8_string());
-        std::vector<char*> argv, envp;
-        for (std::string& word : words)
-            argv.push_back(&word[0]);
-        for (std::string& variable : environment)
-            envp.push_back(&variable[0]);
-        argv.push_back(nullptr);
-        envp.push_back(nullptr);
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 1, output.fn_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        pid_t pid = -1;
-        const bool started = posix_spawn(&pid, TGX_CLI_BINARY, &actions, nullptr, argv.data(), envp.data()) == 0;
-        posix_spawn_file_actions_destroy(&actions);
-        return started ? pid : -1;
+            wxSetEnv(variable.first, variable.second);
+        std::vector<int> codes(runs.size());
+        std::vector<std::thread> threads;
+        for (size_t i = 0; i < runs.size(); ++i)
+            threads.emplace_back([&, i] {
+                codes[i] = std::system(("\"" TGX_CLI_BINARY "\" " + OwnInstallation() + " " + runs[i].first + " >\""
+                                        + dir.path + "/" + runs[i].second + "\"").utf8_str());
+            });
+        for (std::thread& thread : threads)
+            thread.join();
+        return std::all_of(codes.begin(), codes.end(), [](int code) { return code == 0; });
     }
 };
 
@@ -45,7 +37,7 @@ TEST_F(Parallel, EightConfigureRunsEachSendTheirOwnProject)
 {
     Write("gateway/faults.txt", Lines({"delay ttbuild 0.3", "delay ttrestore 0.2"}));
     const wxArrayString plant = Read("boiler_house.prj");
-    std::vector<pid_t> runs;
+    std::vector<std::pair<wxString, wxString>> runs;
     for (int n = 2; n <= 9; ++n) {
         wxArrayString own = plant;
         own[own.Index("TGX TAGNAME:BOILER1")] = wxString::Format("TGX TAGNAME:PLANT%d", n);
@@ -53,14 +45,9 @@ TEST_F(Parallel, EightConfigureRunsEachSendTheirOwnProject)
         wxCopyFile(dir.path + "/boiler_house.mbd", dir.path + wxString::Format("/plant%d.mbd", n));
     }
     for (int n = 2; n <= 9; ++n)
-        runs.push_back(Start({"configure", dir.path + wxString::Format("/plant%d.prj", n), wxString::Format("--target=127.0.0.%d", n),
-                              "--yes"},
-                             dir.path + wxString::Format("/plant%d.out", n)));
-    for (const pid_t pid : runs) {
-        int status = -1;
-        ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    }
+        runs.emplace_back(wxString::Format("configure %s/plant%d.prj --target=127.0.0.%d --yes", dir.path, n, n),
+                          wxString::Format("plant%d.out", n));
+    EXPECT_TRUE(RunAtOnce(runs));
     int waited = 0;
     for (int n = 2; n <= 9; ++n) {
         SCOPED_TRACE(n);
@@ -88,18 +75,13 @@ TEST_F(Parallel, AutomaticMapsOfSavesAtOnceStayApart)
         alone.Add(wxJoin(Read(wxString(plant) + "_alone.mbd"), '\n'));
     }
     Write("gateway/faults.txt", Lines({"delay inifile 0.2", "delay ttbuild 0.1"}));
-    std::vector<pid_t> runs;
+    std::vector<std::pair<wxString, wxString>> runs;
     for (int round = 0; round < 2; ++round)
         for (const char* plant : plants)
-            runs.push_back(Start({"resave", dir.path + "/" + plant + ".prj",
-                                  dir.path + wxString::Format("/%s_%d.prj", plant, round)},
-                                 dir.path + wxString::Format("/%s_%d.out", plant, round)));
-    for (const pid_t pid : runs) {
-        int status = -1;
-        ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    }
+            runs.emplace_back(wxString::Format("resave %s/%s.prj %s/%s_%d.prj", dir.path, plant, dir.path, plant, round),
+                              wxString::Format("%s_%d.out", plant, round));
+    ASSERT_TRUE(RunAtOnce(runs));
     for (int round = 0; round < 2; ++round)
         for (size_t p = 0; p < alone.size(); ++p)
             EXPECT_EQ(wxJoin(Read(wxString::Format("%s_%d.mbd", plants[p], round)), '\n'), alone[p]) << plants[p];
 }
-#endif

@@ -152,13 +152,6 @@ TEST_F(ConfigGenerator, RunsTtbuildHiddenFromTheTemplatesFolder)
     EXPECT_TRUE(errorText.empty() && ui.events.empty()); // the caller decides what to show
 }
 
-TEST(ConfigGeneratorCommand, JoinsWindowsPathsWithBackslashesInsideTheQuotes)
-{
-    EXPECT_EQ(TtbuildCommand("C:\\Program Files\\TGx\\tgxconfigure", "D:\\TG7 builds\\line 4", "\\").CommandLine(),
-        "ttbuild -s=BUILD -f=LINUX \"-i=C:\\Program Files\\TGx\\tgxconfigure\\INCLUDE\" "
-        "\"-a=C:\\Program Files\\TGx\\tgxconfigure\\ADDITIONAL\" \"-o=D:\\TG7 builds\\line 4\" \"-c=config\"");
-}
-
 TEST_F(ConfigGenerator, CopiesTheProjectFileAndWritesTheMap)
 {
     // Copied byte for byte, whatever its line ends and encoding.
