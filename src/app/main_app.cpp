@@ -24,6 +24,8 @@ public:
 private:
     std::unique_ptr<Platform> platform = CreatePlatform();
     DesktopToolRunner tools;
+    Project project;
+    wxString initialTargetAddress = kInitialTargetAddress;
     // A fatal start-up ends the process with status 0, as it always has.
     bool endAfterInit = false;
 };
@@ -45,13 +47,12 @@ bool MainApp::OnInit()
     // wxApp::OnInit is deliberately not called, so the command line is never parsed and "-a" has
     // no effect: shipped versions behave so, and scripts in the field pass it harmlessly.
     wxSizerFlags::DisableConsistencyChecks();
-    MainFrame* frame = new MainFrame(*platform, tools);
+    MainFrame* frame = new MainFrame(project, *platform, tools);
     if (!frame->StartedUp()) {
         frame->Destroy();
         endAfterInit = true;
         return true;
     }
-    theMainFrame = frame;
     SetTopWindow(frame);
     frame->target.targetHost = initialTargetAddress;
     frame->target.targetEntry = initialTargetAddress;
@@ -59,7 +60,6 @@ bool MainApp::OnInit()
         ExitWhenShown(*frame);
     frame->Show(true);
     if (!CheckConflictingSoftware(frame->Context())) {
-        theMainFrame = nullptr;
         frame->Destroy();
         endAfterInit = true;
     }

@@ -4,7 +4,7 @@
 
 #include <wx/intl.h>
 
-wxString initialTargetAddress = "192.168.1.250";
+const char* const kInitialTargetAddress = "192.168.1.250";
 
 bool ReadInstallation(Platform& platform, InstallationEnvironment& env, MessageForm& fault)
 {

@@ -3,9 +3,9 @@
 
 #include <wx/string.h>
 
-// Start-up address of the target. The command line's "-a" option is declared but, as in every
-// shipped version, never parsed, so this stays as initialised.
-extern wxString initialTargetAddress;
+// Start-up address of the target. The desktop program's "-a" option is declared but, as in every
+// shipped version, never parsed, so the start-up address stays this one.
+extern const char* const kInitialTargetAddress;
 
 struct TargetAddress {
     wxString targetEntry;  // as last accepted in the address prompt, port included

@@ -124,8 +124,8 @@ bool ReadCliInstallation(Session& s, const wxString& softwarePath, MessageForm& 
         fault = MessageForm{"tgxcfg: cannot read " + DeviceTypeFilePath(s.env), wxString(), MessageIcon::None};
         return false;
     }
-    s.target.targetEntry = initialTargetAddress;
-    s.target.targetHost = initialTargetAddress;
+    s.target.targetEntry = kInitialTargetAddress;
+    s.target.targetHost = kInitialTargetAddress;
     s.tools.SetEnvironment("TT_SSH_PORT", "22");
     return true;
 }

@@ -7,7 +7,6 @@
 
 const char* const kDefaultTimeServer = "pool.ntp.org";
 
-Project theProject;
 
 namespace {
 

@@ -77,10 +77,6 @@ struct Project {
     ProjectDevice devices[MAX_DEVICES] = {};
 };
 
-// The one project of the running tool. Only the application wiring uses it directly; the logic
-// is handed a reference.
-extern Project theProject;
-
 // Defaults of a new project.
 void LoadDefaultProject(Project& project);
 // Defaults of the empty multiplexer project that the multiplexer scan starts from.

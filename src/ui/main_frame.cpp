@@ -30,15 +30,13 @@
 
 #include <algorithm>
 
-MainFrame* theMainFrame = nullptr;
-
-MainFrame::MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scriptedDialogs)
+MainFrame::MainFrame(Project& project, Platform& platform, ToolRunner& tools, const UserInterfaceMaker& makeUi)
     // The panel is built when a project is first shown: no project is open at start-up, and its
     // controls were a third of start-up's time and most of its memory (the radio buttons' images).
     : MainFrameBase(nullptr, wxID_ANY, "TG7+ Configuration tool", wxDefaultPosition, wxSize(545, 765),
                     wxDEFAULT_FRAME_STYLE | wxTAB_TRAVERSAL, false),
-      ui(*this, scriptedDialogs),
-      context{theProject, env, target, deviceTypes, ui, tools, platform}
+      ui(makeUi ? makeUi(*this) : std::make_unique<WxUserInterface>(*this)),
+      context{project, env, target, deviceTypes, *ui, tools, platform}
 {
     SetIcon(wxICON(icon_program));
     // Without a size grip, the version line fits at the window's usual width; a longer one is

@@ -6,13 +6,17 @@
 #include "ui/main_frame_base.h"
 #include "ui/wx_user_interface.h"
 
+#include <functional>
+#include <memory>
+
 class MUXScanFrame;
 
 class MainFrame : public MainFrameBase {
 public:
-    // scriptedDialogs: when given, messages, questions and dialogs go to it instead of real
-    // windows (tests); the panel and the status bar stay real.
-    MainFrame(Platform& platform, ToolRunner& tools, UserInterface* scriptedDialogs = nullptr);
+    // The project is the program's; makeUi: the interface the logic talks through, by default the
+    // real dialogs (tests give one whose dialogs answer from a script).
+    using UserInterfaceMaker = std::function<std::unique_ptr<WxUserInterface>(MainFrame&)>;
+    MainFrame(Project& project, Platform& platform, ToolRunner& tools, const UserInterfaceMaker& makeUi = {});
     ~MainFrame() override;
 
     // False when start-up ended in a fatal message; the application must then end.
@@ -95,11 +99,9 @@ private:
     wxString rtuAddressTaken;  // the entry's text when it last gave or got the project's value
     void MeasurePanelAgain();
 
-    WxUserInterface ui;
+    std::unique_ptr<WxUserInterface> ui;
     AppContext context;
     bool startedUp = false;
     MUXScanFrame* muxScanFrame = nullptr;
 };
 
-// The one main window, set by the application at start-up.
-extern MainFrame* theMainFrame;

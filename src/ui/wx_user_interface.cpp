@@ -84,8 +84,8 @@ wxString TitleLine(const wxString& title)
 
 }  // namespace
 
-WxUserInterface::WxUserInterface(MainFrame& frame, UserInterface* scriptedDialogs)
-    : frame(frame), scripted(scriptedDialogs)
+WxUserInterface::WxUserInterface(MainFrame& frame)
+    : frame(frame)
 {
 }
 
@@ -93,24 +93,18 @@ WxUserInterface::~WxUserInterface() = default;
 
 void WxUserInterface::ShowMessage(const MessageForm& form)
 {
-    if (scripted != nullptr)
-        return scripted->ShowMessage(form);
     wxMessageBox(form.text, CaptionOrDefault(form.caption), wxOK | (form.centred ? wxCENTRE : 0) | IconStyle(form.icon),
                  nullptr);
 }
 
 bool WxUserInterface::AskYesNo(const QuestionForm& form)
 {
-    if (scripted != nullptr)
-        return scripted->AskYesNo(form);
     return wxMessageBox(form.text, CaptionOrDefault(form.caption), wxYES_NO | wxCENTRE | IconStyle(form.icon),
                         nullptr) == wxYES;
 }
 
 bool WxUserInterface::EnterText(TextEntryForm& form)
 {
-    if (scripted != nullptr)
-        return scripted->EnterText(form);
     wxTextEntryDialog dialog(&frame, form.message, form.caption, form.value, wxTextEntryDialogStyle);
     if (!form.allowedChars.empty()) {
         wxTextValidator validator(wxFILTER_INCLUDE_CHAR_LIST);
@@ -126,8 +120,6 @@ bool WxUserInterface::EnterText(TextEntryForm& form)
 
 bool WxUserInterface::ChooseFile(FileChoiceForm& form)
 {
-    if (scripted != nullptr)
-        return scripted->ChooseFile(form);
     long style = form.save ? wxFD_SAVE : wxFD_OPEN;
     if (form.overwritePrompt)
         style |= wxFD_OVERWRITE_PROMPT;
@@ -142,15 +134,11 @@ bool WxUserInterface::ChooseFile(FileChoiceForm& form)
 
 void WxUserInterface::BeginProgress(const wxString& title, const wxString& message)
 {
-    if (scripted != nullptr)
-        return scripted->BeginProgress(title, message);
     OpenProgress(&frame, title, message);
 }
 
 void WxUserInterface::BeginProgressOver(MuxScanWindow& owner, const wxString& title, const wxString& message)
 {
-    if (scripted != nullptr)
-        return scripted->BeginProgressOver(owner, title, message);
     wxWindow* window = dynamic_cast<wxWindow*>(&owner);
     OpenProgress(window != nullptr ? window : &frame, title, message);
 }
@@ -165,8 +153,6 @@ void WxUserInterface::OpenProgress(wxWindow* parent, const wxString& title, cons
 // Windows dialog is the system's own, drawn at once by its own thread.)
 void WxUserInterface::PulseProgress(const wxString& text)
 {
-    if (scripted != nullptr)
-        return scripted->PulseProgress(text);
     if (!progress)
         return;
 #ifdef __WXGTK__
@@ -183,15 +169,11 @@ void WxUserInterface::PulseProgress(const wxString& text)
 
 void WxUserInterface::EndProgress()
 {
-    if (scripted != nullptr)
-        return scripted->EndProgress();
     progress.reset();
 }
 
 bool WxUserInterface::EditDevice(DeviceForm& form)
 {
-    if (scripted != nullptr)
-        return scripted->EditDevice(form);
     DeviceDialog dialog(&frame);
     dialog.TransferFormToWindow(form);
     if (dialog.ShowModal() != wxID_OK)
@@ -202,8 +184,6 @@ bool WxUserInterface::EditDevice(DeviceForm& form)
 
 bool WxUserInterface::EditCommand(CommandForm& form)
 {
-    if (scripted != nullptr)
-        return scripted->EditCommand(form);
     CmdDialog dialog(&frame);
     dialog.TransferFormToWindow(form);
     if (dialog.ShowModal() != wxID_OK)
@@ -215,15 +195,11 @@ bool WxUserInterface::EditCommand(CommandForm& form)
 void WxUserInterface::RefreshCommandList()
 {
     frame.RefreshCommandList();
-    if (scripted != nullptr)
-        scripted->RefreshCommandList();
 }
 
 void WxUserInterface::RefreshPanel()
 {
     frame.RefreshPanelFromProject();
-    if (scripted != nullptr)
-        scripted->RefreshPanel();
 }
 
 void WxUserInterface::WaitForOtherRun(const wxString& text, const std::function<bool()>& free)
@@ -241,8 +217,6 @@ void WxUserInterface::WaitForOtherRun(const wxString& text, const std::function<
 void WxUserInterface::ShowStatus(const wxString& text)
 {
     frame.SetStatusText(text, 0);
-    if (scripted != nullptr)
-        scripted->ShowStatus(text);
 }
 
 namespace {
@@ -263,23 +237,23 @@ bool EditInDialog(wxWindow* parent, Form& form)
 
 bool WxUserInterface::EditOptions(OptionsForm& form)
 {
-    return scripted != nullptr ? scripted->EditOptions(form) : EditInDialog<OptionsDialog>(&frame, form);
+    return EditInDialog<OptionsDialog>(&frame, form);
 }
 
 bool WxUserInterface::EditRemote(RemoteForm& form)
 {
-    return scripted != nullptr ? scripted->EditRemote(form) : EditInDialog<RemoteDialog>(&frame, form);
+    return EditInDialog<RemoteDialog>(&frame, form);
 }
 
 bool WxUserInterface::EditScan(ScanForm& form)
 {
-    return scripted != nullptr ? scripted->EditScan(form) : EditInDialog<ScanDialog>(&frame, form);
+    return EditInDialog<ScanDialog>(&frame, form);
 }
 
 bool WxUserInterface::EditMuxRebuild(MuxRebuildForm& form)
 {
     // The rebuild dialog has no parent window and no title.
-    return scripted != nullptr ? scripted->EditMuxRebuild(form) : EditInDialog<guiMUXRebuild>(nullptr, form);
+    return EditInDialog<guiMUXRebuild>(nullptr, form);
 }
 
 MuxScanWindow* WxUserInterface::OpenMuxScanWindow() { return frame.OpenMuxScanFrame(); }

@@ -11,9 +11,7 @@ class wxProgressDialog;
 
 class WxUserInterface : public UserInterface {
 public:
-    // scriptedDialogs: optional stand-in for the modal dialogs (tests); it also hears every
-    // panel refresh and status line.
-    WxUserInterface(MainFrame& frame, UserInterface* scriptedDialogs);
+    explicit WxUserInterface(MainFrame& frame);
     ~WxUserInterface() override;
 
     using UserInterface::ShowMessage;
@@ -31,7 +29,6 @@ public:
     bool EditRemote(RemoteForm& form) override;
     bool EditScan(ScanForm& form) override;
     bool EditMuxRebuild(MuxRebuildForm& form) override;
-    // The real window, also under scripted dialogs (it is a window, like the panel).
     MuxScanWindow* OpenMuxScanWindow() override;
     void RefreshPanel() override;
     void RefreshCommandList() override;
@@ -43,6 +40,5 @@ private:
     void OpenProgress(wxWindow* parent, const wxString& title, const wxString& message);
 
     MainFrame& frame;
-    UserInterface* scripted;
     std::unique_ptr<wxProgressDialog> progress;
 };

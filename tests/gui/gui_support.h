@@ -6,6 +6,8 @@
 #include <wx/string.h>
 #include <wx/utils.h>
 
+#include "fakes/scripted_user_interface.h"
+#include "ui/main_frame.h"
 #include "unit/temp_dir.h"
 
 #include <memory>
@@ -36,6 +38,55 @@ void PumpEvents(int milliseconds = 100);
 // than the toolkit has laid it out, smaller than its content's minimum, or a GTK widget in it
 // allocated less than its minimum (a cut control).
 std::vector<std::string> WindowProblems(wxTopLevelWindow& window);
+
+// The desktop's interface with its modal dialogs answered from a script: messages, questions, text
+// entries, file choices, progress and the form dialogs go to `dialogs`; the panel, the status line
+// and the configurator stay real, and `dialogs` hears of them too.
+class ScriptedDialogs : public WxUserInterface {
+public:
+    ScriptedDialogs(MainFrame& frame, ScriptedUserInterface& dialogs) : WxUserInterface(frame), dialogs(dialogs) {}
+    using UserInterface::ShowMessage;
+    void ShowMessage(const MessageForm& form) override { dialogs.ShowMessage(form); }
+    bool AskYesNo(const QuestionForm& form) override { return dialogs.AskYesNo(form); }
+    bool EnterText(TextEntryForm& form) override { return dialogs.EnterText(form); }
+    bool ChooseFile(FileChoiceForm& form) override { return dialogs.ChooseFile(form); }
+    void BeginProgress(const wxString& title, const wxString& message) override { dialogs.BeginProgress(title, message); }
+    void BeginProgressOver(MuxScanWindow& owner, const wxString& title, const wxString& message) override
+    {
+        dialogs.BeginProgressOver(owner, title, message);
+    }
+    void PulseProgress(const wxString& text) override { dialogs.PulseProgress(text); }
+    void EndProgress() override { dialogs.EndProgress(); }
+    bool EditDevice(DeviceForm& form) override { return dialogs.EditDevice(form); }
+    bool EditCommand(CommandForm& form) override { return dialogs.EditCommand(form); }
+    bool EditOptions(OptionsForm& form) override { return dialogs.EditOptions(form); }
+    bool EditRemote(RemoteForm& form) override { return dialogs.EditRemote(form); }
+    bool EditScan(ScanForm& form) override { return dialogs.EditScan(form); }
+    bool EditMuxRebuild(MuxRebuildForm& form) override { return dialogs.EditMuxRebuild(form); }
+    void RefreshPanel() override
+    {
+        WxUserInterface::RefreshPanel();
+        dialogs.RefreshPanel();
+    }
+    void RefreshCommandList() override
+    {
+        WxUserInterface::RefreshCommandList();
+        dialogs.RefreshCommandList();
+    }
+    void ShowStatus(const wxString& text) override
+    {
+        WxUserInterface::ShowStatus(text);
+        dialogs.ShowStatus(text);
+    }
+
+private:
+    ScriptedUserInterface& dialogs;
+};
+
+inline MainFrame::UserInterfaceMaker ScriptedDialogsOf(ScriptedUserInterface& dialogs)
+{
+    return [&dialogs](MainFrame& frame) { return std::make_unique<ScriptedDialogs>(frame, dialogs); };
+}
 
 // A scratch folder with a registry file that names the sample installation.
 struct SampleInstallation : TempDir {

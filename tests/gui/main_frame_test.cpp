@@ -148,7 +148,8 @@ TEST(MainFrame, StartsWithTitleSizeStatusAndNoProjectOpenOrEndsWithoutTheInstall
     ScriptedUserInterface dialogs;
     ScriptedToolRunner tools;
     PosixPlatform platform(installation.registry);
-    FramePtr<MainFrame> frame(new MainFrame(platform, tools, &dialogs));
+    Project project;
+    FramePtr<MainFrame> frame(new MainFrame(project, platform, tools, ScriptedDialogsOf(dialogs)));
     ASSERT_TRUE(frame->StartedUp());
     EXPECT_TRUE(dialogs.messages.empty() && frame->GetTitle() == "TG7+ Configuration tool");
     EXPECT_EQ(frame->GetStatusBar()->GetStatusText(0),
@@ -160,7 +161,7 @@ TEST(MainFrame, StartsWithTitleSizeStatusAndNoProjectOpenOrEndsWithoutTheInstall
     EXPECT_FALSE(enabled("Project", "Save") || enabled("Target", "Configure") || enabled("Modbus", "Automatic Map"));
 
     PosixPlatform missing(installation.path + "/none.ini");
-    FramePtr<MainFrame> ended(new MainFrame(missing, tools, &dialogs));
+    FramePtr<MainFrame> ended(new MainFrame(project, missing, tools, ScriptedDialogsOf(dialogs)));
     EXPECT_FALSE(ended->StartedUp());
     EXPECT_EQ(dialogs.messages.size(), 1u);  // its text is the start-up unit test's
 }

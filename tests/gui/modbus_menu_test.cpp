@@ -14,7 +14,8 @@ TEST(ModbusMenu, CheckMarksFollowTheModeOnceTheChangeIsConfirmed)
     ScriptedUserInterface dialogs;
     ScriptedToolRunner tools;
     tools.fallback = {4, {}};  // no build: the automatic save keeps the map, silently
-    FramePtr<MainFrame> frame(new MainFrame(platform, tools, &dialogs));
+    Project project;
+    FramePtr<MainFrame> frame(new MainFrame(project, platform, tools, ScriptedDialogsOf(dialogs)));
     AppContext& ctx = frame->Context();
     ctx.env.TgxBuildPath = dir.path;  // what a switch to automatic generates goes here
     LoadDefaultProject(ctx.project);

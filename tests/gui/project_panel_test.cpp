@@ -37,7 +37,7 @@ class LoadedProject : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        frame.reset(new ProjectFrame(platform, tools, &dialogs));
+        frame.reset(new ProjectFrame(record, platform, tools, ScriptedDialogsOf(dialogs)));
         ASSERT_TRUE(frame->StartedUp());
         frame->Show();
         PumpEvents();  // shown and drawn before a project is opened, as a person opens one
@@ -52,6 +52,7 @@ protected:
     PosixPlatform platform{installation.registry};
     ScriptedUserInterface dialogs;
     ScriptedToolRunner tools;
+    Project record;
     FramePtr<ProjectFrame> frame;
 };
 

@@ -147,7 +147,7 @@ public:
         for (const char* device : {"1 0 1000000101 FT101 \"Feedwater flow\"", "2 0 1000000102 PT102 \"Drum pressure\"",
                                    "3 0 1000000103 LT103 \"Drum level\""})
             Run("tgxsim mux add --known " + wxString(device));
-        frame.reset(new MainFrame(platform, tools));
+        frame.reset(new MainFrame(project, platform, tools));
         tools.frame = frame.get();
         frame->target.targetEntry = frame->target.targetHost = "192.168.1.250";
         frame->Move(0, 0);  // the configurator opens to its right, on the screen
@@ -182,6 +182,7 @@ public:
     wxString oldPath;
     PosixPlatform platform{registry};
     LookingRunner tools;
+    Project project;
     Answers answers;
     FramePtr<MainFrame> frame;
 };
