@@ -1,7 +1,9 @@
 #include "cli/command_line.h"
 
 #include "mux/mux_scan.h"
+#include "project/project.h"
 #include "project/project_file.h"
+#include "project/version.h"
 
 #include <wx/filename.h>
 
@@ -437,7 +439,7 @@ ParsedCommandLine ParseCommandLine(const wxArrayString& args)
     if (mux && given.Index("target") == wxNOT_FOUND)
         return usageError(wxString(command->name) + " needs --target=HOST[:PORT]");
     if (command->command == CliCommand::MuxScan) {
-        if (std::find(std::begin(kMuxBaudRates), std::end(kMuxBaudRates), request.baud) == std::end(kMuxBaudRates))
+        if (std::find(std::begin(kBaudRates), std::end(kBaudRates), request.baud) == std::end(kBaudRates))
             return usageError("--baud must be one of 4800 9600 19200 38400 57600 76800 115200");
         if (!request.add.empty() && !IsRowList(request.add, 1000))
             return usageError("--add must be all or row numbers separated by commas");

@@ -14,7 +14,6 @@
 
 #include <memory>
 
-const char* const kMuxBaudRates[7] = {"4800", "9600", "19200", "38400", "57600", "76800", "115200"};
 const char* const kMuxNoContact = "Unable to communicate with multiplexer\nYou must configure the TG7 manually";
 const char* const kMuxNoDevices = "No multiplexer devices to add\nRebuild the loops or scan the multiplexer again";
 

@@ -12,7 +12,6 @@
 struct AppContext;
 
 // The baud rates the multiplexer may run at, as the scan dialog offers them.
-extern const char* const kMuxBaudRates[7];
 extern const char* const kMuxNoContact;
 extern const char* const kMuxNoDevices;
 

@@ -3,6 +3,7 @@
 #include "app/user_interface.h"
 #include "mux/mux_scan.h"
 #include "project/dialog_layout.h"
+#include "project/project.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -29,7 +30,7 @@ guiScanDialog::guiScanDialog(wxWindow* parent, wxWindowID id, const wxString& ti
     grid->AddGrowableCol(1);
     m_textAddress = new wxTextCtrl(this, wxID_ANY);
     m_choiceBaudRate = new wxChoice(this, wxID_ANY);
-    for (const char* baud : kMuxBaudRates)
+    for (const char* baud : kBaudRates)
         m_choiceBaudRate->Append(baud);
     grid->Add(new wxStaticText(this, wxID_ANY, "IP Address of the TG7"), 0, wxALIGN_CENTER_VERTICAL);
     grid->Add(m_textAddress, 1, wxEXPAND);

@@ -37,7 +37,7 @@ bool ParseCommandEntry(const wxString& numberText, const wxString& intervalText,
     long interval = 0;
     const bool numberRead = ParseTypedNumber(numberText.BeforeFirst(':'), number);
     const bool intervalRead = ParseTypedNumber(intervalText, interval);
-    if (!numberRead || static_cast<unsigned long>(number) > 255 || !intervalRead || interval <= 0)
+    if (!numberRead || static_cast<unsigned long>(number) > kMaxCommandNumber || !intervalRead || interval <= 0)
         return false;
     parsed.commandNumber = static_cast<int>(number);
     parsed.cycleInterval = static_cast<int>(std::min<long>(interval, INT32_MAX));

@@ -40,7 +40,7 @@ bool ApplyDeviceForm(AppContext& ctx, const DeviceForm& form, int index, bool mo
     long number = -1;
     const bool parsed = !longAddress && ParseTypedNumber(form.address, number);
     const bool ownAddress = modifying && parsed && number == device.pollAddress;
-    const bool valid = parsed && static_cast<unsigned long>(number) <= 63 &&
+    const bool valid = parsed && static_cast<unsigned long>(number) <= kMaxPollAddress &&
                        (ownAddress || !PollAddressInUse(project, number, index));
     const bool multiplexer = IsMultiplexerMode(project);
     if (!multiplexer && valid) {
@@ -99,7 +99,7 @@ bool SelectedDeviceValid(const Project& project)
 
 int FreePollAddress(const Project& project)
 {
-    for (int address = 0; address <= 63; ++address)
+    for (int address = 0; address <= kMaxPollAddress; ++address)
         if (!PollAddressInUse(project, address, -1))
             return address;
     return -1;

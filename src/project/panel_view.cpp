@@ -7,7 +7,6 @@
 #include <cstring>
 
 const char* const kInterfaceStandardChoices[3] = {"RS232", "RS422", "RS485"};
-const char* const kBaudRateChoices[7] = {"4800", "9600", "19200", "38400", "57600", "76800", "115200"};
 const char* const kParityChoices[3] = {"None", "Odd", "Even"};
 const char* const kStopBitChoices[2] = {"1", "2"};
 

@@ -9,7 +9,6 @@ struct Project;
 
 // The choices of the panel, in the order the panel lists them.
 extern const char* const kInterfaceStandardChoices[3];
-extern const char* const kBaudRateChoices[7];
 extern const char* const kParityChoices[3];
 extern const char* const kStopBitChoices[2];
 

@@ -11,6 +11,11 @@
 
 constexpr int MAX_DEVICES = 16;
 constexpr int MAX_COMMANDS = 50;
+// The highest HART poll address and command number the dialogs take and the gateway runs.
+constexpr int kMaxPollAddress = 63;
+constexpr int kMaxCommandNumber = 255;
+// The serial baud rates the panel and the multiplexer scan offer, in the order they offer them.
+constexpr const char* kBaudRates[7] = {"4800", "9600", "19200", "38400", "57600", "76800", "115200"};
 constexpr int MAX_COMMAND_ARGS = 8;
 
 // Text fields are narrow character arrays of fixed size (at most size - 1 characters), kept so

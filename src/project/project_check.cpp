@@ -17,8 +17,6 @@
 namespace {
 
 // The limits the device and command dialogs enforce, and the gateway relies on.
-constexpr int kMaxPollAddress = 63;
-constexpr int kMaxCommandNumber = 255;
 constexpr size_t kLongAddressLength = 10;
 constexpr int kMapFields = 7;
 // The device dialog writes bit 0 (enabled for polling) and bit 1 (auto addressing).
@@ -334,7 +332,7 @@ void Checker::CheckChoices()
     text("POLLING DEFERRAL MODE", project.pollingDeferralMode, {"NONE", "PARTIAL", "FULL"});
     text("SERIAL PORT FUNCTION", project.serialPortFunction, {"MODEM", "MODBUS"});
     text("SERIAL PORT TYPE", project.serialPortType, list(kInterfaceStandardChoices));
-    number("SERIAL PORT BAUDRATE", project.serialBaudRate, list(kBaudRateChoices));
+    number("SERIAL PORT BAUDRATE", project.serialBaudRate, list(kBaudRates));
     text("SERIAL PORT PARITY", project.serialParity, {"NOPARITY", "ODDPARITY", "EVENPARITY", "ODD"});
     number("SERIAL PORT STOPBITS", project.serialStopBits, list(kStopBitChoices));
     number("AUTOMATIC MODBUS MAP", project.automaticModbusMap, offOn);

@@ -5,6 +5,7 @@
 #include "project/number_text.h"
 #include "project/project.h"
 #include "project/text_file.h"
+#include "project/version.h"
 
 #include <wx/filename.h>
 #include <wx/tokenzr.h>
@@ -13,7 +14,6 @@
 #include <charconv>
 #include <string>
 
-const char* const kToolVersion = "6.2.2";
 
 namespace {
 

@@ -10,8 +10,6 @@
 struct AppContext;
 struct Project;
 
-// The tool's version, written on the first line of every project file.
-extern const char* const kToolVersion;
 
 // The project's lines in the order the writer emits them.
 wxArrayString ProjectFileLines(const Project& project);

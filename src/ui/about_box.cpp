@@ -2,6 +2,7 @@
 
 #include "app/small_commands.h"
 #include "project/dialog_layout.h"
+#include "project/version.h"
 
 #include <wx/hyperlink.h>
 #include <wx/sizer.h>
@@ -12,7 +13,7 @@ wxAboutDialogInfo AboutBoxInfo(const InstallationEnvironment& env, const wxIcon&
 {
     wxAboutDialogInfo info;
     info.SetName("TGx+ Configuration tool");
-    info.SetVersion("6.2.2");
+    info.SetVersion(kToolVersion);
     info.SetDescription(AboutDescription(env));
     info.SetCopyright("Copyright (C) TARN SYSTEMS LTD");
     info.SetWebSite("https://www.tarnsystems.com");

@@ -1,6 +1,7 @@
 #include "ui/main_frame_base.h"
 
 #include "project/panel_view.h"
+#include "project/project.h"
 
 #include <wx/sizer.h>
 
@@ -192,7 +193,7 @@ void MainFrameBase::CreatePanel()
     m_choiceInterfaceStandard =
         new wxChoice(m_mainPanel, wxID_ANY, wxDefaultPosition, wxDefaultSize, Choices(kInterfaceStandardChoices));
     m_labelBaudRate = label("Baud Rate");
-    m_choiceBaudRate = new wxChoice(m_mainPanel, wxID_ANY, wxDefaultPosition, wxDefaultSize, Choices(kBaudRateChoices));
+    m_choiceBaudRate = new wxChoice(m_mainPanel, wxID_ANY, wxDefaultPosition, wxDefaultSize, Choices(kBaudRates));
     m_labelParity = label("Parity");
     m_choiceParity = new wxChoice(m_mainPanel, wxID_ANY, wxDefaultPosition, wxDefaultSize, Choices(kParityChoices));
     m_labelStopBits = label("Stop Bits");
