@@ -36,16 +36,12 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 
-// The tools run blocking and hidden (ttbuild, and inifile through the shell) rerouted. Skipped: the
-// generator runs ttbuild and nothing else that way, so with --no-build it writes the configuration
-// and takes the build as done. Quiet: run with their output captured and dropped, so that a report
-// on standard output (diff's) stays the report alone.
-class ReroutedToolRunner : public ToolRunner {
+// The tools run blocking and hidden (ttbuild, and inifile through the shell) with their output
+// captured and dropped, so that a report on standard output (diff's) stays the report alone.
+class QuietToolRunner : public ToolRunner {
 public:
-    enum class Route { Skip, Quiet };
-    ReroutedToolRunner(ToolRunner& tools, Route route)
+    explicit QuietToolRunner(ToolRunner& tools)
         : tools(tools)
-        , route(route)
     {
     }
     long RunCaptured(const ToolCommand& command, wxArrayString& output) override
@@ -55,7 +51,7 @@ public:
     long RunBlockingHidden(const ToolCommand& command) override
     {
         wxArrayString dropped;
-        return route == Route::Skip ? 0 : tools.RunCaptured(command, dropped);
+        return tools.RunCaptured(command, dropped);
     }
     long RunDetached(const ToolCommand& command) override { return tools.RunDetached(command); }
     bool SetWorkingDirectory(const wxString& directory) override { return tools.SetWorkingDirectory(directory); }
@@ -63,7 +59,6 @@ public:
 
 private:
     ToolRunner& tools;
-    Route route;
 };
 
 // What the desktop tool holds from start-up on, and the console in place of its windows.
@@ -196,13 +191,11 @@ int Generate(Session& s, const CliRequest& request, std::ostream& err)
             return kFailure;
         }
     }
-    ReroutedToolRunner noBuild(s.tools, ReroutedToolRunner::Route::Skip);
-    AppContext ctx{s.project, s.env, s.target, s.deviceTypes, s.ui,
-        request.noBuild ? static_cast<ToolRunner&>(noBuild) : s.tools, *s.platform};
     wxString errorText, outputName;
     wxString outputFolder = request.outputFolder.empty() ? wxString() : AbsolutePath(request.outputFolder);
-    const InstallationTurn turn(ctx);
-    if (GenerateConfiguration(ctx, errorText, outputFolder, outputName))
+    const InstallationTurn turn(s.ctx);
+    WriteConfiguration(s.project, s.deviceTypes, s.env.TgxBuildPath, s.platform->PathSeparator());
+    if (request.noBuild || BuildConfiguration(s.ctx, errorText, outputFolder, outputName))
         return kSuccess;
     WriteLine(err, errorText);
     return kFailure;
@@ -283,7 +276,7 @@ bool GenerateMapAsSent(Session& s, std::ostream& err)
         return true;
     std::ostringstream quiet;
     ConsoleUserInterface ui(quiet, false);
-    ReroutedToolRunner tools(s.tools, ReroutedToolRunner::Route::Quiet);
+    QuietToolRunner tools(s.tools);
     AppContext ctx{s.project, s.env, s.target, s.deviceTypes, ui, tools, *s.platform};
     GenerateAutomaticMap(ctx);
     ui.Finish(ui.MessageShown(), err);

@@ -240,39 +240,48 @@ ToolCommand TtbuildCommand(const wxString& buildPath, const wxString& outputFold
         .QuotedArg("-c=config");
 }
 
-bool GenerateConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName)
+void WriteConfiguration(Project& project, const DeviceTypeTable& deviceTypes, const wxString& buildPath,
+                        const wxString& sep)
 {
-    Project& project = ctx.project;
     // The default is kept in the project, so that the next save writes it too.
     if (project.timeServerAddress[0] == '\0')
         SetText(project.timeServerAddress, kDefaultTimeServer);
 
-    const wxString sep = ctx.platform.PathSeparator();
-    const wxString buildPath = ctx.env.TgxBuildPath;
     const wxString includeFolder = buildPath + sep + "INCLUDE";
     const wxString additionalFolder = buildPath + sep + "ADDITIONAL";
 
     // Write and copy failures are not reported: ttbuild runs on what is there and its exit code
     // is the one verdict.
-    WriteTextLines(includeFolder + sep + "ct.ini", BuildCtIniLines(project, ctx.deviceTypes));
+    WriteTextLines(includeFolder + sep + "ct.ini", BuildCtIniLines(project, deviceTypes));
     WriteTextLines(additionalFolder + sep + "dbsave.txt", BuildDbSaveLines(project));
     {
         wxLogNull quiet;
         wxCopyFile(project.projectFilePath.GetFullPath(), additionalFolder + sep + "tgxconfig.prj", true);
     }
     WriteTextLines(additionalFolder + sep + "MBMAP1.csv", project.modbusMapLines);
+}
 
+bool BuildConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName)
+{
+    const wxString sep = ctx.platform.PathSeparator();
+    const wxString buildPath = ctx.env.TgxBuildPath;
     // ttbuild's "-s=BUILD" is relative to the templates folder.
     ctx.tools.SetWorkingDirectory(ctx.env.TgxTemplatesPath);
 
     if (outputFolder.empty())
         outputFolder = buildPath + sep + "OUTPUT";
     if (outputName.empty())
-        outputName = project.projectFilePath.GetName();
+        outputName = ctx.project.projectFilePath.GetName();
 
     const long code = ctx.tools.RunBlockingHidden(TtbuildCommand(buildPath, outputFolder, sep));
     if (code == 0)
         return true;
     errorText = wxString::Format(kBuildFailedFormat, code);
     return false;
+}
+
+bool GenerateConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName)
+{
+    WriteConfiguration(ctx.project, ctx.deviceTypes, ctx.env.TgxBuildPath, ctx.platform.PathSeparator());
+    return BuildConfiguration(ctx, errorText, outputFolder, outputName);
 }

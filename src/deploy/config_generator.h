@@ -28,9 +28,18 @@ wxArrayString BuildDbSaveLines(const Project& project);
 // The ttbuild command line for the build folder and the output folder.
 ToolCommand TtbuildCommand(const wxString& buildPath, const wxString& outputFolder, const wxString& separator);
 
-// Writes the four files into the build folder, makes the templates folder current and runs
-// ttbuild on them. An empty time server address is replaced by the default, in the project.
+// Writes the four files into the build folder `buildPath` (its INCLUDE and ADDITIONAL folders,
+// joined with `sep`): ct.ini, dbsave.txt, a copy of the project file and the map. An empty time
+// server address is replaced by the default, in the project. What cannot be written is not
+// reported: ttbuild runs on what is there, and its exit code is the one verdict.
+void WriteConfiguration(Project& project, const DeviceTypeTable& deviceTypes, const wxString& buildPath,
+                        const wxString& sep);
+
+// Makes the templates folder current and runs ttbuild on the written files.
 // outputFolder: when empty, set to the build folder's OUTPUT; handed to ttbuild.
 // outputName: when empty, set to the project file's name without folder and extension.
 // True when ttbuild exits with 0; otherwise errorText says so, with the exit code.
+bool BuildConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName);
+
+// WriteConfiguration, then BuildConfiguration: what Configure and the map commands do.
 bool GenerateConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName);
