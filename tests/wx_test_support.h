@@ -1,6 +1,7 @@
 // Makes wx types readable in test failures and easy to write in tables.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <wx/arrstr.h>
 #include <wx/dir.h>
 #include <wx/filefn.h>
@@ -12,6 +13,23 @@
 #include <ostream>
 #include <sstream>
 #include <string>
+
+// Several facts checked at once, each on its own: a failure names those that do not hold.
+inline ::testing::AssertionResult AllHold(const char* facts, std::initializer_list<bool> holds)
+{
+    std::string failed;
+    int number = 0;
+    for (const bool holding : holds) {
+        ++number;
+        if (!holding)
+            failed += (failed.empty() ? "" : ", ") + std::to_string(number);
+    }
+    if (failed.empty())
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "of (" << facts << "), number " << failed << " does not hold";
+}
+#define EXPECT_ALL(...) EXPECT_TRUE(AllHold(#__VA_ARGS__, {__VA_ARGS__}))
+#define ASSERT_ALL(...) ASSERT_TRUE(AllHold(#__VA_ARGS__, {__VA_ARGS__}))
 
 inline void PrintTo(const wxString& text, std::ostream* os)
 {

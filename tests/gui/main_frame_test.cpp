@@ -151,13 +151,13 @@ TEST(MainFrame, StartsWithTitleSizeStatusAndNoProjectOpenOrEndsWithoutTheInstall
     Project project;
     FramePtr<MainFrame> frame(new MainFrame(project, platform, tools, ScriptedDialogsOf(dialogs)));
     ASSERT_TRUE(frame->StartedUp());
-    EXPECT_TRUE(dialogs.messages.empty() && frame->GetTitle() == "TG7+ Configuration tool");
+    EXPECT_ALL(dialogs.messages.empty(), frame->GetTitle() == "TG7+ Configuration tool");
     EXPECT_EQ(frame->GetStatusBar()->GetStatusText(0),
         "TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , Templates 3.1.0 , TGxConnect not installed");
     EXPECT_GE(frame->deviceTypes.deviceTypeCount, 5);
     wxMenuBar* bar = frame->GetMenuBar();
     auto enabled = [&](const char* menu, const char* item) { return bar->IsEnabled(bar->FindMenuItem(menu, item)); };
-    EXPECT_TRUE(enabled("Project", "Load from Disk") && enabled("Target", "Reboot"));
+    EXPECT_ALL(enabled("Project", "Load from Disk"), enabled("Target", "Reboot"));
     EXPECT_FALSE(enabled("Project", "Save") || enabled("Target", "Configure") || enabled("Modbus", "Automatic Map"));
 
     PosixPlatform missing(installation.path + "/none.ini");

@@ -81,7 +81,7 @@ TEST_F(LoadedProject, SelectingADeviceShowsItsCommandsAndADoubleClickOpensModify
     frame->Context().project.selectedCommand = 1;
     frame->Devices()->GetEventHandler()->ProcessEvent(select);
     // From the device's first command.
-    EXPECT_TRUE(frame->Context().project.selectedDevice == 2 && frame->Context().project.selectedCommand == 0);
+    EXPECT_ALL(frame->Context().project.selectedDevice == 2, frame->Context().project.selectedCommand == 0);
     ASSERT_EQ(frame->Commands()->GetCount(), 3u);
     EXPECT_EQ(frame->Commands()->GetString(2), "CMD 035:00,12 - WRITE ON TRIGGER");
 

@@ -230,7 +230,7 @@ TEST(WholeWindows, EveryWindowOpensWholeWithItsUsualContent)
                As<DeviceDialog>(dialog).m_checkEnabled->SetValue(true);
                return wxID_OK;
            }}},
-         nullptr, [](Desk& d) { EXPECT_TRUE(d.ctx().project.deviceCount == 1 && d.ctx().project.devices[0].pollAddress == 3); }},
+         nullptr, [](Desk& d) { EXPECT_ALL(d.ctx().project.deviceCount == 1, d.ctx().project.devices[0].pollAddress == 3); }},
         {"a command", AddCommand,
          {{{"command_dialog"}, [](wxDialog& dialog) {
                As<CmdDialog>(dialog).m_textCommandNumber->SetValue("48:1,2");
@@ -252,7 +252,7 @@ TEST(WholeWindows, EveryWindowOpensWholeWithItsUsualContent)
                options.m_checkTimeServer->SetValue(false);
                return wxID_OK;
            }}},
-         nullptr, [](Desk& d) { EXPECT_TRUE(d.ctx().project.syslogPort == 50001 && d.ctx().project.timeServerEnable == 0); }},
+         nullptr, [](Desk& d) { EXPECT_ALL(d.ctx().project.syslogPort == 50001, d.ctx().project.timeServerEnable == 0); }},
         {"configure", ConfigureDevice,
          {{{"address_prompt"}, Ok}, {{"tag_prompt"}, [](wxDialog& dialog) {
               As<wxTextEntryDialog>(dialog).SetValue("BOILER1");
@@ -268,7 +268,7 @@ TEST(WholeWindows, EveryWindowOpensWholeWithItsUsualContent)
                for (wxWindow* child : dialog.GetChildren())
                    if (dynamic_cast<wxStaticText*>(child) != nullptr && child->GetLabel().StartsWith("/"))
                        columns.insert(child->GetPosition().x), lines.insert(child->GetSize().y / child->GetCharHeight());
-               EXPECT_TRUE(columns.size() == 1 && lines == std::set<int>{1});
+               EXPECT_ALL(columns.size() == 1, lines == std::set<int>{1});
                return wxID_OK;
            }}}},
         {"the remote COM port", RemoteComPortCommand,
@@ -306,7 +306,7 @@ TEST(WholeWindows, EveryWindowOpensWholeWithItsUsualContent)
          },
          {}, nullptr, [](Desk& d) { EXPECT_EQ(d.ctx().project.deviceCount, 4); }, main, {"mux_project"}},
         {"the configurator closed", [](Desk& d) { Click(d.configurator().m_buttonClose, wxEVT_BUTTON); }, {}, nullptr,
-         [](Desk& d) { EXPECT_TRUE(d.frame->OpenedMuxScanFrame() == nullptr && d.Item("Multiplexer", "Scan")->IsEnabled()); }},
+         [](Desk& d) { EXPECT_ALL(d.frame->OpenedMuxScanFrame() == nullptr, d.Item("Multiplexer", "Scan")->IsEnabled()); }},
     };
     for (const Task& task : tasks) {
         SCOPED_TRACE(task.name);

@@ -69,8 +69,7 @@ TEST_F(Simulator, WrongCommandLinesAreRefusedWithTheUsage)
         const RunResult result = Run(command);
         const wxString tool = wxString(command).BeforeFirst(' ');
         EXPECT_EQ(result.code, 64) << command;
-        EXPECT_TRUE(result.out.empty() && result.err.size() == 2u && result.err[0].StartsWith(tool + ": ") &&
-                    result.err[1].StartsWith("usage: " + tool + " ")) << command << "\n" << wxJoin(result.err, '\n');
+        EXPECT_ALL(result.out.empty(), result.err.size() == 2u, result.err[0].StartsWith(tool + ": "), result.err[1].StartsWith("usage: " + tool + " ")) << command << "\n" << wxJoin(result.err, '\n');
     }
 }
 
@@ -80,7 +79,7 @@ TEST_F(Simulator, CapturedOutputIsCutAtItsLimit)
     ASSERT_EQ(Run("tgxsim fault add ttmbprint exit=3 output=a output=b repeat=140000").code, 0);
     wxArrayString lines;
     EXPECT_EQ(WxToolRunner().RunCaptured(ToolCommand("ttmbprint").Arg("h").Arg("-f=2"), lines), 3);
-    EXPECT_TRUE(lines.size() == kMaxCapturedLines && lines.Last() == "b");
+    EXPECT_ALL(lines.size() == kMaxCapturedLines, lines.Last() == "b");
 }
 
 // A loopback address other than 127.0.0.1 is a gateway of its own: its settings, its installed
@@ -103,7 +102,7 @@ TEST_F(Simulator, LoopbackAddressesAreGatewaysOfTheirOwn)
         {"192.168.1.250", "6.2.2", 1}, {"127.0.0.02", "6.2.2", 1}};
     for (const auto& gateway : gateways) {
         const RunResult devType = Run(wxString("ttdevtype ") + gateway.address);
-        EXPECT_TRUE(devType.out.size() == 3u && devType.out[1] == wxString::Format("Firmware: TG7main-v%s-build7",
+        EXPECT_ALL(devType.out.size() == 3u, devType.out[1] == wxString::Format("Firmware: TG7main-v%s-build7",
             gateway.firmware)) << gateway.address;
         EXPECT_EQ(Run(wxString("ttmbprint ") + gateway.address + " -f=2").code, gateway.mapPrinted) << gateway.address;
     }

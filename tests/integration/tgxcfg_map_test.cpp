@@ -33,7 +33,7 @@ TEST_F(TgxcfgGateway, MapCommandsRunTheirChainAndEndWithTheirStatus)
 
     EXPECT_EQ(Run({"map-mode", "boiler_house.prj", "automatic", "--yes"}).status, 0);
     const wxArrayString generated = Read("boiler_house.mbd");  // from the templates of its four devices
-    EXPECT_TRUE(generated.Index("HOLDING,1,0,UINT16,SYS:STATUS,Gateway status,1") == 0 && generated.Index(kRosemountPv) > 0);
+    EXPECT_ALL(generated.Index("HOLDING,1,0,UINT16,SYS:STATUS,Gateway status,1") == 0, generated.Index(kRosemountPv) > 0);
 }
 
 TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
@@ -57,11 +57,10 @@ TEST_F(TgxcfgGateway, FirmwareUpdateInstallersFetchAndReboot)
     EXPECT_EQ(Read("gateway/TG7/tgxconfig.prj"), configured);  // rebuilt from its own project
     EXPECT_TRUE(Read("gateway/boot.log").Last().EndsWith("TT_SSH_PORT=2222\toptions=-s=60 -w -a=4"));
     EXPECT_EQ(Run({"fetch", "--target=127.0.0.1", "backup.prj"}).status, 0);
-    EXPECT_TRUE(Read("backup.prj") == configured && Read("backup.mbd") == Read("gateway/TG7/MBMAP1.csv"));
+    EXPECT_ALL(Read("backup.prj") == configured, Read("backup.mbd") == Read("gateway/TG7/MBMAP1.csv"));
     const CliRun upload = Run({"upload-installers", "--target=127.0.0.1", "--yes"});
     // The question's spelling is the one users have always read; the installers go with -c.
-    EXPECT_TRUE(upload.status == 0
-                && upload.out.Index("This proceedure is not recomended if you are connected over a WAN") != wxNOT_FOUND);
+    EXPECT_ALL(upload.status == 0, upload.out.Index("This proceedure is not recomended if you are connected over a WAN") != wxNOT_FOUND);
     EXPECT_TRUE(Read("gateway/run.log").Last().EndsWith(" /var/www/html/downloads/TGxConnect.msi -c"));
     for (const char* file : {"index.html", "downloads/TG7UserGuide.pdf", "downloads/mbEditUserGuide.pdf",
                              "downloads/TGxSoftwareSuite.msi", "downloads/TGxConnect.msi"})

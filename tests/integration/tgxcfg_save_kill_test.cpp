@@ -70,7 +70,7 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
     for (const char* name : {"old", "new"}) {
         const pid_t pid = StartResave(dir.path + "/" + name + ".prj", dir.path + "/" + name + "-saved.prj");
         int status = -1;
-        ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
+        ASSERT_ALL(pid > 0, waitpid(pid, &status, 0) == pid, WIFEXITED(status), WEXITSTATUS(status) == 0);
     }
     const auto whole = (std::chrono::steady_clock::now() - started) / 2;
     const wxString oldPrj = Bytes(dir.path + "/old-saved.prj"), oldMbd = Bytes(dir.path + "/old-saved.mbd");
@@ -112,9 +112,9 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
     ASSERT_EQ(symlink("linked.mbd", (dir.path + "/target.mbd").fn_str()), 0);
     const pid_t pid = StartResave(dir.path + "/new.prj", dir.path + "/target.prj");
     int status = -1;
-    ASSERT_TRUE(pid > 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    ASSERT_ALL(pid > 0, waitpid(pid, &status, 0) == pid, WIFEXITED(status), WEXITSTATUS(status) == 0);
     EXPECT_EQ(wxFindFirstFile(dir.path + "/target.prj.saving-*"), "");
     EXPECT_TRUE(wxFileName(dir.path + "/target.mbd").Exists(wxFILE_EXISTS_SYMLINK | wxFILE_EXISTS_NO_FOLLOW));
-    EXPECT_TRUE(Bytes(dir.path + "/target.prj") == newPrj && Bytes(dir.path + "/linked.mbd") == newMbd);
+    EXPECT_ALL(Bytes(dir.path + "/target.prj") == newPrj, Bytes(dir.path + "/linked.mbd") == newMbd);
 }
 #endif

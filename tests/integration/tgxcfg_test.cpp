@@ -114,7 +114,7 @@ TEST_F(Tgxcfg, ResaveWritesOldAndDamagedProjectsInTheCurrentFormat)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.saved);
         const CliRun run = Run(c.args);
-        EXPECT_TRUE(run.status == 0 && run.err.empty());  // standard output has ttbuild's summary: the map is generated
+        EXPECT_ALL(run.status == 0, run.err.empty());  // standard output has ttbuild's summary: the map is generated
         EXPECT_EQ(ReadBytes(dir.path + "/" + c.saved), ReadBytes(golden + c.expected));
     }
     // Both are in automatic map mode: the save regenerates the map beside the saved project from
@@ -166,7 +166,7 @@ TEST_F(Tgxcfg, GenerateWritesTheExpectedConfigurationAndBuildsIt)
     // The files' exact bytes are the generator's unit tests'; here: written, and ttbuild not run.
     const wxString build = dir.path + "/installation/tgxconfigure";
     CliRun run = Run({OwnInstallation(), "generate", "boiler_house.prj", "--no-build"});
-    EXPECT_TRUE(run.status == 0 && run.out.empty() && run.err.empty());
+    EXPECT_ALL(run.status == 0, run.out.empty(), run.err.empty());
     EXPECT_EQ(ReadBytes(build + "/ADDITIONAL/tgxconfig.prj"), ReadBytes(dir.path + "/boiler_house.prj"));
     EXPECT_EQ(ReadBytes(build + "/ADDITIONAL/MBMAP1.csv"), ReadBytes(dir.path + "/boiler_house.mbd"));
     EXPECT_TRUE(wxFileExists(build + "/INCLUDE/ct.ini"));
@@ -299,7 +299,7 @@ TEST_F(Tgxcfg, CheckReportsEachProblemWithItsLine)
 TEST_F(Tgxcfg, ConfigureRunsTheSimulatedGatewayWithTheConsoleAnswering)
 {
     CliRun run = Run({OwnInstallation(), "configure", "boiler_house.prj", "--target=127.0.0.1:2222", "--tag=BOILER2"});
-    EXPECT_TRUE(run.status == 0 && run.err.empty());
+    EXPECT_ALL(run.status == 0, run.err.empty());
     ASSERT_GE(run.out.size(), 3u);
     EXPECT_EQ(Lines({run.out[0], run.out[1], run.out.Last()}), Lines({"Enter device IP address or domain name: "
         "127.0.0.1:2222", "Enter a Tagname for this TG7: BOILER2", "Configuration Complete"}));

@@ -66,13 +66,13 @@ TEST_F(Commands, AddStoresAcceptedEntriesAndMarksEveryOkAsAnEdit)
     AddCommand(ctx);
     const CommandForm& shown = ui.commandForms.at(0);
     EXPECT_EQ(shown.commandNumber + " " + shown.cycleInterval, "1 1");
-    EXPECT_TRUE(shown.enabledForPolling && !shown.writeCommand);
+    EXPECT_ALL(shown.enabledForPolling, !shown.writeCommand);
     const HartCommandEntry& c = device().commands[0];
     EXPECT_EQ((std::vector<int>{c.commandNumber, c.cycleInterval, c.pollEnabled, c.writeCommand, c.argCount}),
         (std::vector<int>{48, 10, 0, 1, 2}));
     project.projectSaved = 1;
     AddCommand(ctx);  // refused without a word, but still an edit
-    EXPECT_TRUE(device().commandCount == 1 && project.projectSaved == 0 && ui.messages.empty());
+    EXPECT_ALL(device().commandCount == 1, project.projectSaved == 0, ui.messages.empty());
 
     // Fifty commands are the limit, and a device is needed: no dialog then.
     device().commandCount = MAX_COMMANDS;
@@ -91,14 +91,14 @@ TEST_F(Commands, ModifyReplacesInPlaceAndDeleteMovesLaterCommandsDown)
     Answer("33", "20");
     ModifyCommand(ctx);
     EXPECT_EQ(ui.commandForms.at(0).commandNumber + " " + ui.commandForms.at(0).cycleInterval, "2:1,2 10");
-    EXPECT_TRUE(device().commands[1].commandNumber == 33 && device().commands[1].argCount == 0);
+    EXPECT_ALL(device().commands[1].commandNumber == 33, device().commands[1].argCount == 0);
 
     project.selectedCommand = 0;
     DeleteCommand(ctx);
     ASSERT_EQ(device().commandCount, 2);
-    EXPECT_TRUE(device().commands[0].commandNumber == 33 && device().commands[1].args[0] == 2);
+    EXPECT_ALL(device().commands[0].commandNumber == 33, device().commands[1].args[0] == 2);
     EXPECT_EQ(project.selectedCommand, 0);
     project.selectedCommand = 1, project.projectSaved = 1;  // the last one
     DeleteCommand(ctx);
-    EXPECT_TRUE(project.selectedCommand == 0 && project.projectSaved == 0);
+    EXPECT_ALL(project.selectedCommand == 0, project.projectSaved == 0);
 }

@@ -33,7 +33,7 @@ TEST(ConflictCheck, BothListingsRunAndAHitInEitherEndsTheToolWithTheWarning)
         if (hitIn < 0)
             continue;
         EXPECT_EQ(t.ui.messages[0].caption, "Software Version Conflict");
-        EXPECT_TRUE(t.ui.messages[0].icon == MessageIcon::Warning && !t.ui.messages[0].centred);
+        EXPECT_ALL(t.ui.messages[0].icon == MessageIcon::Warning, !t.ui.messages[0].centred);
         EXPECT_EQ(t.ui.messages[0].text,
             "Previous versions of TARN software have been detected on this computer\nYou MUST uninstall the "
             "following software:-\n\n TGx Templates\n TGx Tools\n TARN Tools\n TGx Firmware\n\nThis program "

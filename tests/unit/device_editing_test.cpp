@@ -39,14 +39,14 @@ TEST_F(Devices, AddProposesTheLowestFreeAddress)
     Answer("", 0, false, false);
     AddDevice(ctx);
     const DeviceForm& shown = ui.deviceForms.back();
-    EXPECT_TRUE(shown.address == "2" && shown.enabledForPolling && !shown.autoAddressing && shown.typeSelection == 0);
+    EXPECT_ALL(shown.address == "2", shown.enabledForPolling, !shown.autoAddressing, shown.typeSelection == 0);
     EXPECT_EQ(shown.typeNames, Lines({"Generic", "KFD2", "VegaPuls"}));
     EXPECT_EQ(project.deviceCount, 3);  // cancelled: nothing added
     for (int i = 4; i <= MAX_DEVICES; ++i)
         Add(wxString::Format("%d", i));
     ASSERT_EQ(project.deviceCount, MAX_DEVICES);
     AddDevice(ctx);  // no dialog past the sixteenth, no message
-    EXPECT_TRUE(ui.deviceForms.size() == MAX_DEVICES + 1u && ui.messages.empty());
+    EXPECT_ALL(ui.deviceForms.size() == MAX_DEVICES + 1u, ui.messages.empty());
 }
 
 TEST_F(Devices, AddressRules)
@@ -75,7 +75,7 @@ TEST_F(Devices, ATenCharacterAddressMakesAMultiplexerProject)
     EXPECT_EQ(Lines({GetText(project.mode), GetText(mux.longAddress), GetText(mux.typeName)}),
         Lines({"MULTIPLEXOR", "0123456789", "KFD2"}));
     // The multiplexer, first device of its project, is polled with command 0 alone.
-    EXPECT_TRUE(mux.commandCount == 1 && mux.commands[0].commandNumber == 0 && mux.commands[0].cycleInterval == 5);
+    EXPECT_ALL(mux.commandCount == 1, mux.commands[0].commandNumber == 0, mux.commands[0].cycleInterval == 5);
     // Later devices need long addresses too.
     Add("4");
     EXPECT_EQ(project.deviceCount, 1);
@@ -99,9 +99,9 @@ TEST_F(Devices, DefaultCommandsDependOnModeAndPosition)
             first.push_back(project.devices[0].commands[i].commandNumber);
         EXPECT_EQ(first, c.firstDevice);
         const ProjectDevice& later = project.devices[1];  // later devices always get 2 and 3
-        EXPECT_TRUE(later.commandCount == 2 && later.commands[1].commandNumber == 3);
+        EXPECT_ALL(later.commandCount == 2, later.commands[1].commandNumber == 3);
         EXPECT_EQ(later.commands[1].cycleInterval, 1);
-        EXPECT_TRUE(project.selectedDevice == 1 && project.projectSaved == 0);
+        EXPECT_ALL(project.selectedDevice == 1, project.projectSaved == 0);
     }
 }
 
@@ -111,14 +111,14 @@ TEST_F(Devices, ModifyKeepsItsOwnAddressAndCommands)
     Add("1");
     project.selectedDevice = 1;
     ui.deviceAnswers.push_back([](DeviceForm& form) {
-        EXPECT_TRUE(form.address == "1" && form.typeSelection == 0);
+        EXPECT_ALL(form.address == "1", form.typeSelection == 0);
         form.typeSelection = 2;
         form.autoAddressing = true;
         return true;
     });
     ModifyDevice(ctx);
     EXPECT_EQ(GetText(project.devices[1].typeName), "VegaPuls");
-    EXPECT_TRUE(project.devices[1].enabled == 3 && project.devices[1].commandCount == 2);
+    EXPECT_ALL(project.devices[1].enabled == 3, project.devices[1].commandCount == 2);
     Answer("0");  // another device's address
     ModifyDevice(ctx);
     EXPECT_EQ(project.devices[1].pollAddress, 1);
@@ -145,7 +145,7 @@ TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
     project.selectedDevice = 1;
     DeleteDevice(ctx);
     ASSERT_EQ(project.deviceCount, 3);
-    EXPECT_TRUE(project.devices[1].pollAddress == 2 && project.devices[2].pollAddress == 3);
+    EXPECT_ALL(project.devices[1].pollAddress == 2, project.devices[2].pollAddress == 3);
     EXPECT_EQ(GetText(project.devices[1].deviceName), "N1");  // names stay at their index
     EXPECT_EQ(project.devices[0].commandCount, 12);           // count of device 2 landed at 0
     EXPECT_EQ(project.devices[1].commandCount, 13);           // count of device 3 landed at 1
@@ -156,5 +156,5 @@ TEST_F(Devices, DeleteMovesDevicesDownWithTheFieldQuirksKept)
     EXPECT_EQ(project.selectedDevice, 1);
     for (int i = 0; i < 2; ++i)
         project.selectedDevice = 0, DeleteDevice(ctx);
-    EXPECT_TRUE(project.deviceCount == 0 && GetText(project.mode) == "GATEWAY");
+    EXPECT_ALL(project.deviceCount == 0, GetText(project.mode) == "GATEWAY");
 }

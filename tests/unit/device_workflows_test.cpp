@@ -81,7 +81,7 @@ TEST_F(Configure, ASuccessfulRunInOrder)
     EXPECT_EQ(std::count(ui.events.begin(), ui.events.end(), "waiting: Waiting for another run of the configuration "
                                                              "tool to finish with " + env.TgxBuildPath), 1);
     EXPECT_EQ(GetText(project.tagName), "Boiler12");
-    EXPECT_TRUE(project.projectSaved == 1 && wxFileExists(dir.path + "/plant.prj"));
+    EXPECT_ALL(project.projectSaved == 1, wxFileExists(dir.path + "/plant.prj"));
     EXPECT_EQ(ui.textForms.at(1).message + "|" + ui.textForms.at(1).allowedChars,
         "Enter a Tagname for this TG7|ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890");
     EXPECT_EQ(tools.environment["TT_SSH_PORT"], "2200");

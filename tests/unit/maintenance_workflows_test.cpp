@@ -68,7 +68,7 @@ TEST_F(FirmwareUpdate, MigratesTheGatewaysProjectAndGivesTheUsersBack)
                                 "files\nto the TG7 (this is optional). You can do this from\nthe 'Upload Installation "
                                 "files' under the 'target' menu.");
     EXPECT_EQ(ProjectFileLines(project), ProjectFileLines(before));
-    EXPECT_TRUE(project.devices[1].commands[49].args[7] == 77 && project.modbusMapLines == before.modbusMapLines);
+    EXPECT_ALL(project.devices[1].commands[49].args[7] == 77, project.modbusMapLines == before.modbusMapLines);
     for (const char* gone : {"tgxconfig.prj", "MBMAP1.csv", "migrateTemp.prj", "migrateTemp.mbd"})
         EXPECT_FALSE(wxFileExists(p + gone)) << gone;
 }
@@ -93,10 +93,10 @@ TEST(Options, OkTakesBackWhatItAcceptsAndAnEmptyAddressBecomesTheDefault)
         }};
         EditOptions(t.ctx);
         EXPECT_EQ(wxArrayString(6, t.ui.optionsForms.at(0).ports), Lines({"772", "502", "1100", "503", "50000", "5094"}));
-        EXPECT_TRUE(t.ui.optionsForms[0].timeServerAddress == kDefaultTimeServer && t.ui.optionsForms[0].useTimeServer);
-        EXPECT_TRUE(t.project.vcpPort == c.stored && t.project.hartIpTcpPort == (c.stored == 772 ? 5094 : c.stored));
+        EXPECT_ALL(t.ui.optionsForms[0].timeServerAddress == kDefaultTimeServer, t.ui.optionsForms[0].useTimeServer);
+        EXPECT_ALL(t.project.vcpPort == c.stored, t.project.hartIpTcpPort == (c.stored == 772 ? 5094 : c.stored));
         EXPECT_EQ(GetText(t.project.timeServerAddress), c.address);
-        EXPECT_TRUE(t.project.timeServerEnable == (c.ok ? 0 : 1) && t.project.projectSaved == 1);
+        EXPECT_ALL(t.project.timeServerEnable == (c.ok ? 0 : 1), t.project.projectSaved == 1);
     }
 }
 
@@ -115,9 +115,9 @@ TEST(SmallCommands, WhatEachStarts)
     ChangeNetworkSettings(t.ctx);
     EXPECT_EQ(t.platform.openedDocuments, Lines({"C:\\TGx\\DOC\\a.pdf"}));
     const FileChoiceForm& form = t.ui.fileForms.at(0);
-    EXPECT_TRUE(form.title == "Select a document" && form.folder == "C:\\TGx\\DOC" && form.wildcard == "*.pdf");
-    EXPECT_TRUE(!form.save && form.mustExist && form.fileName.empty());
+    EXPECT_ALL(form.title == "Select a document", form.folder == "C:\\TGx\\DOC", form.wildcard == "*.pdf");
+    EXPECT_ALL(!form.save, form.mustExist, form.fileName.empty());
     EXPECT_EQ(t.tools.Commands(), Lines({"tgxview \"-a=10.0.0.9\"", "powershell \".\\updater.exe\"", "tgxfinder"}));
-    EXPECT_TRUE(t.tools.runs[0].mode == RunMode::Detached && t.tools.runs[2].mode == RunMode::Detached);
+    EXPECT_ALL(t.tools.runs[0].mode == RunMode::Detached, t.tools.runs[2].mode == RunMode::Detached);
     EXPECT_EQ(t.tools.runs[1].workingDirectory, "C:\\TGx\\");
 }

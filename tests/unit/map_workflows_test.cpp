@@ -76,7 +76,7 @@ TEST_F(MapWorkflow, AutomaticSaveRegeneratesTheMap)
         EXPECT_EQ(TempFilesLeft(), 0u);
     }
     EXPECT_EQ(tools.runs.at(1).command, "cmd.exe /C inifile _temp -p=../ADDITIONAL -mb >_temp.mbd");
-    EXPECT_TRUE(tools.runs[1].mode == RunMode::BlockingHidden && tools.runs[1].workingDirectory == env.TgxBuildPath + "/OUTPUT");
+    EXPECT_ALL(tools.runs[1].mode == RunMode::BlockingHidden, tools.runs[1].workingDirectory == env.TgxBuildPath + "/OUTPUT");
 }
 
 TEST_F(MapWorkflow, ModeSwitchAndDelete)

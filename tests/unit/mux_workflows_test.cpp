@@ -60,7 +60,7 @@ TEST_F(ScanCommand, AnsweredOnTheThirdTry)
     wxArrayString commands = tools.Commands();
     ASSERT_EQ(commands.size(), 12u);
     // The save of the base project generates its map (a build and inifile), then the real build.
-    EXPECT_TRUE(commands[2].StartsWith("ttbuild ") && commands[3].Contains(" inifile _temp ") && commands[4] == commands[2]);
+    EXPECT_ALL(commands[2].StartsWith("ttbuild "), commands[3].Contains(" inifile _temp "), commands[4] == commands[2]);
     commands.RemoveAt(2, 3);
     EXPECT_EQ(commands, Lines({"ttvsp -g", "ttdevtype \"10.0.0.7\"", "ttrestore \"10.0.0.7\" config",
                                "ttreboot \"10.0.0.7\" -s=60 -w -a=1", "ttvsp COM3 10.0.0.7 -p=1772", "pfmux COM3 -rdl",
@@ -99,9 +99,9 @@ TEST(MuxDevices, AddAllAndAddSelected)
     EXPECT_EQ(p.deviceCount, 16);  // the multiplexer and the first 15 devices
     EXPECT_EQ(GetText(p.mode) + GetText(p.tagName) + GetText(p.devices[0].typeName), "MULTIPLEXORKFD2KFD2");
     EXPECT_EQ(GetText(p.devices[15].deviceName) + " " + GetText(p.devices[15].longAddress), "TT15 0000000015");
-    EXPECT_TRUE(p.devices[0].commands[0].cycleInterval == 5 && p.devices[15].commands[1].commandNumber == 3);
+    EXPECT_ALL(p.devices[0].commands[0].cycleInterval == 5, p.devices[15].commands[1].commandNumber == 3);
     // A new project, shown in the panel: the next save asks for a name.
-    EXPECT_TRUE(p.projectOpen == 1 && p.projectSaved == 0 && !p.projectFilePath.IsOk() && all.ui.refreshCount == 1);
+    EXPECT_ALL(p.projectOpen == 1, p.projectSaved == 0, !p.projectFilePath.IsOk(), all.ui.refreshCount == 1);
 
     SetText(picked.project.devices[5].deviceName, "left over");
     picked.ui.scanWindow.selected = {3, 0, 5};
@@ -115,7 +115,7 @@ TEST(MuxDevices, AddAllAndAddSelected)
     empty.project.deviceCount = 2;
     AddAllMuxDevices(empty.ctx, empty.ui.scanWindow);
     AddSelectedMuxDevices(empty.ctx, empty.ui.scanWindow);
-    EXPECT_TRUE(empty.project.deviceCount == 2 && GetText(empty.project.mode) != "MULTIPLEXOR");
+    EXPECT_ALL(empty.project.deviceCount == 2, GetText(empty.project.mode) != "MULTIPLEXOR");
     EXPECT_EQ(empty.ui.events, std::vector<wxString>(2, wxString("message: ") + kMuxNoDevices));
 }
 

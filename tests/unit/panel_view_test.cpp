@@ -27,8 +27,8 @@ TEST(PanelView, NoProjectOpenHidesThePanelAndDisablesProjectCommands)
     LoadDefaultProject(p);
     p.projectOpen = 0;
     const PanelView view = BuildPanelView(p);
-    EXPECT_TRUE(!view.panelShown && !view.projectItemsEnabled && !view.modbusItemsEnabled);
-    EXPECT_TRUE(view.loadFromDiskEnabled && view.rebootEnabled);
+    EXPECT_ALL(!view.panelShown, !view.projectItemsEnabled, !view.modbusItemsEnabled);
+    EXPECT_ALL(view.loadFromDiskEnabled, view.rebootEnabled);
     EXPECT_TRUE(view.deviceLines.empty());
 }
 
@@ -46,17 +46,17 @@ TEST(PanelView, OpenProjectWritesEveryControl)
     p.automaticModbusMap = 0;
 
     const PanelView view = BuildPanelView(p);
-    EXPECT_TRUE(view.panelShown && view.projectItemsEnabled && view.modbusItemsEnabled && !view.automaticMapChecked);
+    EXPECT_ALL(view.panelShown, view.projectItemsEnabled, view.modbusItemsEnabled, !view.automaticMapChecked);
     EXPECT_EQ(Lines({view.configurationName, view.parity, view.rtuAddress}), Lines({"Boiler House", "Even", "17"}));
-    EXPECT_TRUE(view.serialModbus && !view.serialModem);
-    EXPECT_TRUE(view.deferralPartial && !view.deferralNone && !view.deferralFull);
-    EXPECT_TRUE(view.secondaryMaster && !view.primaryMaster);
+    EXPECT_ALL(view.serialModbus, !view.serialModem);
+    EXPECT_ALL(view.deferralPartial, !view.deferralNone, !view.deferralFull);
+    EXPECT_ALL(view.secondaryMaster, !view.primaryMaster);
 
     // Texts no choice offers select nothing: the multiplexer default parity is "ODD".
     SetText(p.serialParity, "ODD");
     SetText(p.serialPortFunction, "RS485");
     const PanelView odd = BuildPanelView(p);
-    EXPECT_TRUE(odd.parity.empty() && !odd.serialModem && !odd.serialModbus);
+    EXPECT_ALL(odd.parity.empty(), !odd.serialModem, !odd.serialModbus);
 }
 
 TEST(DeviceList, LinesOutsideMultiplexerMode)

@@ -45,9 +45,9 @@ TEST_F(ProjectCommands, NewAsksBeforeLosingEditsAndSavesAtOnce)
     ASSERT_EQ(ui.fileForms.size(), 1u);
     const FileChoiceForm& form = ui.fileForms[0];
     EXPECT_EQ(Lines({form.title, form.folder, form.wildcard}), Lines({"Create New Project", dir.path, "*.prj"}));
-    EXPECT_TRUE(form.save && form.overwritePrompt);
-    EXPECT_TRUE(wxFileExists(dir.path + "/plant.prj") && wxFileExists(dir.path + "/plant.mbd"));
-    EXPECT_TRUE(project.projectOpen == 1 && project.projectSaved == 1);
+    EXPECT_ALL(form.save, form.overwritePrompt);
+    EXPECT_ALL(wxFileExists(dir.path + "/plant.prj"), wxFileExists(dir.path + "/plant.mbd"));
+    EXPECT_ALL(project.projectOpen == 1, project.projectSaved == 1);
     EXPECT_EQ(project.projectFilePath.GetFullPath(), dir.path + wxFILE_SEP_PATH + "plant.prj");
     EXPECT_EQ(ui.events.back(), "refresh");
 }
@@ -60,7 +60,7 @@ TEST_F(ProjectCommands, LoadOpensAnOlderProjectWithItsMap)
     ui.files = {dir.path + "/legacy_plant.prj"};
     LoadProjectFromDisk(ctx);
     EXPECT_TRUE(ui.questions.empty());  // nothing was unsaved
-    EXPECT_TRUE(ui.fileForms[0].mustExist && ui.fileForms[0].title == "Load Project");
+    EXPECT_ALL(ui.fileForms[0].mustExist, ui.fileForms[0].title == "Load Project");
     EXPECT_EQ((std::vector<int>{project.projectOpen, project.projectSaved, project.selectedDevice, project.deviceCount}),
         (std::vector<int>{1, 1, 0, 2}));
     EXPECT_EQ(GetText(project.tagName), "Old_Plant_3");
@@ -102,9 +102,9 @@ TEST_F(ProjectCommands, CloseKeepsEverythingWhenTheAnswerIsNo)
     project.projectFilePath.Assign(dir.path + "/p.prj");
     ui.answers = {false, true};
     CloseProject(ctx);
-    EXPECT_TRUE(project.projectOpen == 1 && project.projectSaved == 0 && project.projectFilePath.IsOk());
+    EXPECT_ALL(project.projectOpen == 1, project.projectSaved == 0, project.projectFilePath.IsOk());
     CloseProject(ctx);
-    EXPECT_TRUE(project.projectOpen == 0 && project.projectSaved == 1 && !project.projectFilePath.IsOk());
+    EXPECT_ALL(project.projectOpen == 0, project.projectSaved == 1, !project.projectFilePath.IsOk());
     EXPECT_EQ(GetText(project.tagName), "Unnamed");  // settings stay until the next New or Load
     CloseProject(ctx);                                // nothing open: nothing asked
     EXPECT_EQ(ui.questions.size(), 2u);
@@ -135,7 +135,7 @@ TEST_F(ProjectCommands, PanelEditsStoreTheirSettingAndMarkTheProjectEdited)
         project.projectSaved = 1;
         const int refreshes = ui.refreshCount;
         c.edit();
-        EXPECT_TRUE(c.stored() && project.projectSaved == 0);
+        EXPECT_ALL(c.stored(), project.projectSaved == 0);
         EXPECT_EQ(ui.refreshCount - refreshes, c.refreshes ? 1 : 0);
     }
 }

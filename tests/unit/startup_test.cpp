@@ -34,7 +34,7 @@ TEST_F(Startup, ReadsTheInstallationAndStartsWithNoProjectOpen)
         "powershell \".\\updater.exe /silent\"|" + dir.path + "/suite/");
     EXPECT_EQ(tools.runs[0].mode, RunMode::Captured);
     EXPECT_EQ(tools.environment["TT_SSH_PORT"], "22");
-    EXPECT_TRUE(project.projectOpen == 0 && project.projectSaved == 1);
+    EXPECT_ALL(project.projectOpen == 0, project.projectSaved == 1);
     EXPECT_EQ(target.targetHost + target.targetEntry, "");
     EXPECT_EQ(ui.events, (std::vector<wxString>{"refresh", "status: TGxSoftwareSuite 6.2.2 , Firmware 6.2.2 , "
                                                            "Templates 3.1 , TGxConnect not installed"}));
@@ -52,7 +52,7 @@ TEST_F(Startup, AMissingRegistryKeyOrDeviceTypeFileIsFatal)
     EXPECT_FALSE(RunStartup(ctx));
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].caption, "Alert - Program cannot continue");
-    EXPECT_TRUE(ui.messages[0].icon == MessageIcon::Error && !ui.messages[0].centred);
+    EXPECT_ALL(ui.messages[0].icon == MessageIcon::Error, !ui.messages[0].centred);
     EXPECT_EQ(ui.messages[0].text, "Cannot locate registry entries required by this program\n\nThis program cannot "
                                    "continue and will now terminate");
     EXPECT_TRUE(tools.runs.empty());  // before anything runs
@@ -65,5 +65,5 @@ TEST_F(Startup, AMissingRegistryKeyOrDeviceTypeFileIsFatal)
     // The toolkit's standard caption.
     EXPECT_EQ(ui.messages[0].caption + "|" + ui.messages[0].text, "|FAULT : cannot locate ct.cfg file");
     EXPECT_EQ(tools.runs.size(), 1u);  // after the updater
-    EXPECT_TRUE(ui.refreshCount == 0 && project.projectOpen == 1);  // the project was not touched
+    EXPECT_ALL(ui.refreshCount == 0, project.projectOpen == 1);  // the project was not touched
 }
