@@ -3,7 +3,10 @@
 #include "project/project_file.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -127,12 +130,87 @@ std::vector<Item> CommandItems(const ProjectDevice& device)
     return items;
 }
 
-std::vector<Item> MapItems(const wxArrayString& lines)
+// A map line's key: SECTION and ADDRESS, its first two fields (empty when the line lacks it).
+struct MapKey {
+    std::string_view section;
+    std::string_view address;
+    bool operator==(const MapKey& other) const { return section == other.section && address == other.address; }
+};
+
+MapKey KeyOf(std::string_view line)
 {
-    std::vector<Item> items;
-    for (const wxString& line : lines)
-        items.push_back({line.BeforeFirst(',') + "," + line.AfterFirst(',').BeforeFirst(','), {{wxString(), line}}});
-    return items;
+    const std::size_t comma = line.find(',');
+    if (comma == std::string_view::npos)
+        return {line, {}};
+    const std::string_view rest = line.substr(comma + 1);
+    return {line.substr(0, comma), rest.substr(0, rest.find(','))};
+}
+
+wxString MapSubject(std::string_view line)
+{
+    const MapKey key = KeyOf(line);
+    std::string text = "map ";
+    text.append(key.section).append(",").append(key.address);
+    return wxString::FromUTF8(text.data(), text.size());
+}
+
+wxString LineText(std::string_view line) { return wxString::FromUTF8(line.data(), line.size()); }
+
+// MatchByKey for the map's lines, which may be 65,536 a side: their keys are looked up where
+// they lie, in a table of the keys of `b` (open addressing), in time linear in the lines.
+std::vector<int> MatchMapLines(const TextLines& a, const TextLines& b, std::vector<bool>& bMatched)
+{
+    const auto hashOf = [](const MapKey& key) {
+        return std::hash<std::string_view>()(key.section) * 31 + std::hash<std::string_view>()(key.address);
+    };
+    std::size_t capacity = 16;
+    while (capacity < 2 * b.size())
+        capacity *= 2;
+    std::vector<int> keyLine(capacity, -1);  // a line of `b` with the slot's key; -1: a free slot
+    std::vector<int> waiting(capacity, -1);  // the first line of `b` with that key not yet paired
+    std::vector<int> next(b.size(), -1);     // the next line of `b` with the same key
+    const auto slotOf = [&](const MapKey& key) {
+        std::size_t slot = hashOf(key) & (capacity - 1);
+        while (keyLine[slot] >= 0 && !(KeyOf(b[static_cast<std::size_t>(keyLine[slot])]) == key))
+            slot = (slot + 1) & (capacity - 1);
+        return slot;
+    };
+    for (int j = static_cast<int>(b.size()) - 1; j >= 0; --j) {
+        const std::size_t slot = slotOf(KeyOf(b[static_cast<std::size_t>(j)]));
+        keyLine[slot] = j;
+        next[static_cast<std::size_t>(j)] = waiting[slot];
+        waiting[slot] = j;
+    }
+    std::vector<int> partner(a.size(), -1);
+    bMatched.assign(b.size(), false);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const std::size_t slot = slotOf(KeyOf(a[i]));
+        if (keyLine[slot] < 0 || waiting[slot] < 0)
+            continue;
+        partner[i] = waiting[slot];
+        waiting[slot] = next[static_cast<std::size_t>(partner[i])];
+        bMatched[static_cast<std::size_t>(partner[i])] = true;
+    }
+    return partner;
+}
+
+// DiffItems for the map: a line's one field is the line itself.
+void DiffMapLines(const TextLines& a, const TextLines& b, std::vector<ProjectDifference>& out)
+{
+    using Change = ProjectDifference::Change;
+    const auto kind = ProjectDifference::Kind::MapLine;
+    std::vector<bool> bMatched;
+    const std::vector<int> partner = MatchMapLines(a, b, bMatched);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (partner[i] < 0)
+            out.push_back({kind, Change::Removed, MapSubject(a[i]), LineText(a[i]), wxString()});
+        else if (a[i] != b[static_cast<std::size_t>(partner[i])])
+            out.push_back({kind, Change::Changed, MapSubject(a[i]), LineText(a[i]),
+                LineText(b[static_cast<std::size_t>(partner[i])])});
+    }
+    for (std::size_t j = 0; j < b.size(); ++j)
+        if (!bMatched[j])
+            out.push_back({kind, Change::Added, MapSubject(b[j]), wxString(), LineText(b[j])});
 }
 
 }  // namespace
@@ -150,7 +228,7 @@ std::vector<ProjectDifference> DiffProjects(const Project& a, const Project& b)
         DiffItems(Kind::Command, "device " + devicesA[i].key + " command ", CommandItems(a.devices[i]),
             CommandItems(b.devices[j]), out, [](size_t, size_t) {});
     });
-    DiffItems(Kind::MapLine, "map ", MapItems(a.modbusMapLines), MapItems(b.modbusMapLines), out, [](size_t, size_t) {});
+    DiffMapLines(a.modbusMapLines, b.modbusMapLines, out);
     return out;
 }
 

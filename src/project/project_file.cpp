@@ -105,7 +105,8 @@ wxArrayString ProjectFileLines(const Project& p)
 namespace {
 
 // Writes one file of a save; false when it failed and the interface stops the save there.
-bool WriteSavedFile(AppContext& ctx, const wxString& path, const wxArrayString& lines)
+template <class Lines>
+bool WriteSavedFile(AppContext& ctx, const wxString& path, const Lines& lines)
 {
     wxString reason;
     return WriteTextLines(path, lines, &reason) || ctx.ui.ContinueAfterFailedSave("Could not save " + path + ": " + reason);
@@ -132,7 +133,7 @@ wxString MapFilePath(const wxString& projectPath, const char* extension)
     return file.GetFullPath();
 }
 
-TextFileRead ReadProjectMap(const wxString& projectPath, wxArrayString& lines, wxString* refused)
+TextFileRead ReadProjectMap(const wxString& projectPath, TextLines& lines, wxString* refused)
 {
     // The older ".mb" stands in only for a missing ".mbd", not for one that cannot be read.
     wxString file = MapFilePath(projectPath, "mbd");

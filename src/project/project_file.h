@@ -49,4 +49,4 @@ wxString MapFilePath(const wxString& projectPath, const char* extension = "mbd")
 // Reads the map file beside a project (".mbd", else the older ".mb") into `lines`. Read: one was
 // read. Refused: the one there cannot be read (`refused` names it). Missing: neither is there.
 // Anything but Read leaves `lines` as they were.
-TextFileRead ReadProjectMap(const wxString& projectPath, wxArrayString& lines, wxString* refused = nullptr);
+TextFileRead ReadProjectMap(const wxString& projectPath, TextLines& lines, wxString* refused = nullptr);
