@@ -154,8 +154,6 @@ wxString MapSubject(std::string_view line)
     return wxString::FromUTF8(text.data(), text.size());
 }
 
-wxString LineText(std::string_view line) { return wxString::FromUTF8(line.data(), line.size()); }
-
 // MatchByKey for the map's lines, which may be 65,536 a side: their keys are looked up where
 // they lie, in a table of the keys of `b` (open addressing), in time linear in the lines.
 std::vector<int> MatchMapLines(const TextLines& a, const TextLines& b, std::vector<bool>& bMatched)
@@ -203,14 +201,13 @@ void DiffMapLines(const TextLines& a, const TextLines& b, std::vector<ProjectDif
     const std::vector<int> partner = MatchMapLines(a, b, bMatched);
     for (std::size_t i = 0; i < a.size(); ++i) {
         if (partner[i] < 0)
-            out.push_back({kind, Change::Removed, MapSubject(a[i]), LineText(a[i]), wxString()});
+            out.push_back({kind, Change::Removed, MapSubject(a[i]), a.Text(i), wxString()});
         else if (a[i] != b[static_cast<std::size_t>(partner[i])])
-            out.push_back({kind, Change::Changed, MapSubject(a[i]), LineText(a[i]),
-                LineText(b[static_cast<std::size_t>(partner[i])])});
+            out.push_back({kind, Change::Changed, MapSubject(a[i]), a.Text(i), b.Text(static_cast<std::size_t>(partner[i]))});
     }
     for (std::size_t j = 0; j < b.size(); ++j)
         if (!bMatched[j])
-            out.push_back({kind, Change::Added, MapSubject(b[j]), wxString(), LineText(b[j])});
+            out.push_back({kind, Change::Added, MapSubject(b[j]), wxString(), b.Text(j)});
 }
 
 }  // namespace

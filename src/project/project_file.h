@@ -13,7 +13,8 @@ struct Project;
 // The tool's version, written on the first line of every project file.
 extern const char* const kToolVersion;
 
-// The project's lines in the order the writer emits them.
+// The project's lines in the order the writer emits them: as the file's bytes, and as text.
+TextLines ProjectFileText(const Project& project);
 wxArrayString ProjectFileLines(const Project& project);
 
 // The settings' lines ("KEY:VALUE") as the file holds them: after its version line, up to the

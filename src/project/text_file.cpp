@@ -19,6 +19,10 @@
 #include <string>
 #include <vector>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #ifdef __WINDOWS__
 #include <wx/msw/wrapwin.h>
 #else
@@ -176,7 +180,7 @@ bool SplitUtf8Lines(const char* begin, const char* end, LineSink& sink)
 // Any other encoding (a BOM other than UTF-8's, bytes that are not UTF-8, NUL bytes) decoded as
 // wxTextFile decodes it (wxConvAuto: the BOM's encoding, else UTF-8, else Latin-1) and split as
 // it splits, without its copy of every line. False when it cannot be decoded or the sink refused.
-bool SplitOtherEncoding(const std::string& bytes, LineSink& sink)
+bool SplitOtherEncoding(const ByteBuffer& bytes, LineSink& sink)
 {
     const wxString text(bytes.data(), wxConvAuto(), bytes.size());
     if (bytes.size() > 4 && text.empty())
@@ -202,7 +206,7 @@ bool SplitOtherEncoding(const std::string& bytes, LineSink& sink)
 }
 
 // The whole file read in one call. Missing: no such file; Refused: anything else that stops it.
-TextFileRead ReadBytes(const wxString& path, std::string& bytes)
+TextFileRead ReadBytes(const wxString& path, ByteBuffer& bytes)
 {
     wxLogNull quiet;  // callers decide what an unreadable file means
     if (wxDirExists(path))
@@ -217,7 +221,7 @@ TextFileRead ReadBytes(const wxString& path, std::string& bytes)
     const wxFileOffset length = file.Length();
     if (length < 0 || static_cast<unsigned long long>(length) > kMaxTextFileBytes)
         return TextFileRead::Refused;
-    bytes.assign(static_cast<std::size_t>(length), '\0');
+    bytes.resize(static_cast<std::size_t>(length));  // not zeroed: the read fills it
     std::size_t got = 0;
     while (got < bytes.size()) {
         const ssize_t count = file.Read(&bytes[got], bytes.size() - got);
@@ -231,30 +235,27 @@ TextFileRead ReadBytes(const wxString& path, std::string& bytes)
     return TextFileRead::Read;
 }
 
-// True when the bytes are UTF-8 without NUL: ASCII found at once, anything else decoded once.
-bool IsPlainUtf8(const char* begin, const char* end)
-{
-    const std::size_t length = static_cast<std::size_t>(end - begin);
-    if (std::memchr(begin, '\0', length) != nullptr)
-        return false;
-    return IsAscii(begin, length) || wxConvUTF8.ToWChar(nullptr, 0, begin, length) != wxCONV_FAILED;
-}
-
 // Where a file's lines start: after a UTF-8 BOM. Other: a first byte that may start another BOM
 // (FE, FF), or bytes that are not UTF-8 without NUL, which are decoded as wxTextFile decodes them.
 struct TextStart {
     std::size_t from = 0;
     bool other = false;
+    bool ascii = false;  // UTF-8 of ASCII characters alone
 };
 
-TextStart FindTextStart(const std::string& bytes)
+TextStart FindTextStart(const ByteBuffer& bytes)
 {
     TextStart start;
-    const bool utf8Bom = bytes.size() >= 3 && bytes.compare(0, 3, "\xEF\xBB\xBF") == 0;
+    const bool utf8Bom = bytes.size() >= 3 && std::memcmp(bytes.data(), "\xEF\xBB\xBF", 3) == 0;
     start.from = utf8Bom ? 3 : 0;
     const bool otherBom = !utf8Bom && !bytes.empty() &&
         (static_cast<unsigned char>(bytes[0]) == 0xFE || static_cast<unsigned char>(bytes[0]) == 0xFF);
-    start.other = otherBom || !IsPlainUtf8(bytes.data() + start.from, bytes.data() + bytes.size());
+    const char* const begin = bytes.data() + start.from;
+    const std::size_t length = bytes.size() - start.from;
+    // UTF-8 without NUL: ASCII found at once, anything else decoded once.
+    const bool nul = std::memchr(begin, '\0', length) != nullptr;
+    start.ascii = !otherBom && !nul && IsAscii(begin, length);
+    start.other = otherBom || nul || (!start.ascii && wxConvUTF8.ToWChar(nullptr, 0, begin, length) == wxCONV_FAILED);
     return start;
 }
 
@@ -262,7 +263,7 @@ TextStart FindTextStart(const std::string& bytes)
 // every file it reads, is split as it stands; whatever else a file holds is decoded first.
 TextFileRead ReadLines(const wxString& path, LineSink& sink)
 {
-    std::string bytes;
+    ByteBuffer bytes;
     const TextFileRead read = ReadBytes(path, bytes);
     if (read != TextFileRead::Read)
         return read;
@@ -292,17 +293,65 @@ private:
     wxString line;
 };
 
+// The lines of a file of ASCII as the tool writes it (no BOM, no NUL, every line ended by CR LF,
+// the last one too) in one pass over its bytes: `ends` gets where each line's CR is. False as soon
+// as the bytes are anything else. Sixteen bytes at a time where the processor has SSE2 (x86-64).
+bool FindCrLfLines(const ByteBuffer& bytes, std::vector<std::uint32_t>& ends)
+{
+    const char* const data = bytes.data();
+    const std::size_t size = bytes.size();  // at most 16 MiB: the offsets fit 32 bits
+    bool afterCr = false;  // the byte before is a CR, so this one must be an LF
+    std::size_t i = 0;
+#ifdef __SSE2__
+    const __m128i cr = _mm_set1_epi8('\r'), lf = _mm_set1_epi8('\n'), nul = _mm_setzero_si128();
+    for (; i + 16 <= size; i += 16) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i));
+        const unsigned crs = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, cr)));
+        const unsigned feeds = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, lf)));
+        // A byte above 0x7F or NUL, an LF after anything but a CR, a CR before anything but an LF.
+        if (_mm_movemask_epi8(block) != 0 || _mm_movemask_epi8(_mm_cmpeq_epi8(block, nul)) != 0 ||
+            ((crs << 1 | (afterCr ? 1u : 0u)) & 0xFFFFu) != feeds)
+            return false;
+        afterCr = (crs >> 15) != 0;
+        for (unsigned each = feeds; each != 0; each &= each - 1)
+            ends.push_back(static_cast<std::uint32_t>(i + static_cast<std::size_t>(__builtin_ctz(each)) - 1));
+    }
+#endif
+    for (; i < size; ++i) {
+        const unsigned char c = static_cast<unsigned char>(data[i]);
+        if (c == 0 || c >= 0x80 || (c == '\n') != afterCr)
+            return false;
+        afterCr = c == '\r';
+        if (c == '\n')
+            ends.push_back(static_cast<std::uint32_t>(i - 1));
+    }
+    return !afterCr && (size == 0 || data[size - 1] == '\n');
+}
+
 // A file's lines as bytes. UTF-8 as the tool writes it is taken over as it was read; other line
 // ends, a BOM, or a line whose bytes a save would write otherwise (damaged UTF-8 the decoder
 // lets through) make a copy as the lines' save would write it; other encodings are decoded.
 TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size_t maxLines, bool cut)
 {
-    std::string bytes;
+    ByteBuffer bytes;
     const TextFileRead read = ReadBytes(path, bytes);
     if (read != TextFileRead::Read)
         return read;
-    const TextStart start = FindTextStart(bytes);
     TextLines kept;
+    std::vector<std::uint32_t> ends;
+    if (FindCrLfLines(bytes, ends)) {
+        if (ends.size() > maxLines) {
+            if (!cut)
+                return TextFileRead::Refused;
+            ends.resize(maxLines);
+            bytes.resize(maxLines == 0 ? 0 : ends.back() + 2);
+        }
+        kept.Adopt(std::move(bytes), std::move(ends));
+        lines.swap(kept);
+        return TextFileRead::Read;
+    }
+    ends.clear();
+    const TextStart start = FindTextStart(bytes);
     if (start.other) {
         KeptText sink(kept, maxLines, cut);
         if (!SplitOtherEncoding(bytes, sink))
@@ -312,7 +361,7 @@ TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size
     }
     const char* const begin = bytes.data() + start.from;
     const char* const end = bytes.data() + bytes.size();
-    const bool ascii = IsAscii(begin, static_cast<std::size_t>(end - begin));
+    const bool ascii = start.ascii;
     // A line with bytes above 0x7F: its text, when its save writes other bytes than it holds.
     std::string saved;
     const auto savedOtherwise = [&saved](const char* line, std::size_t length) {
@@ -321,7 +370,6 @@ TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size
         saved.clear();
         return !AppendUtf8Line(saved, Utf8LineText(line, length)) || std::string_view(saved) != std::string_view(line, length);
     };
-    std::vector<std::size_t> ends;
     bool asRead = start.from == 0;
     bool over = false;
     ForEachUtf8Line(begin, end, [&](const char* line, std::size_t length, bool crLf) {
@@ -330,7 +378,7 @@ TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size
             return false;
         }
         asRead = asRead && crLf && (ascii || !savedOtherwise(line, length));
-        ends.push_back(static_cast<std::size_t>(line - begin) + length);
+        ends.push_back(static_cast<std::uint32_t>(static_cast<std::size_t>(line - begin) + length));  // within 16 MiB
         return true;
     });
     if (over && !cut)

@@ -4,6 +4,8 @@
 
 #include <wx/strconv.h>
 
+#include <stdexcept>
+
 TextLines::TextLines(const wxArrayString& lines)
 {
     for (const wxString& line : lines)
@@ -18,19 +20,22 @@ wxString TextLines::Text(std::size_t i) const
 
 void TextLines::Add(std::string_view utf8)
 {
-    bytes_.append(utf8);
-    ends_.push_back(bytes_.size());
-    bytes_ += "\r\n";
+    if (bytes_.size() + utf8.size() > UINT32_MAX)
+        throw std::length_error("TextLines: more than 4 GiB of lines");
+    bytes_.insert(bytes_.end(), utf8.begin(), utf8.end());
+    ends_.push_back(static_cast<std::uint32_t>(bytes_.size()));
+    bytes_.push_back('\r');
+    bytes_.push_back('\n');
 }
 
 void TextLines::Add(const wxString& line)
 {
-    if (!AppendUtf8Line(bytes_, line)) {
+    std::string utf8;
+    if (!AppendUtf8Line(utf8, line)) {
         savable_ = false;
-        bytes_ += Utf8Bytes(line);
+        utf8 = Utf8Bytes(line);
     }
-    ends_.push_back(bytes_.size());
-    bytes_ += "\r\n";
+    Add(std::string_view(utf8));
 }
 
 void TextLines::Clear()
@@ -47,7 +52,7 @@ void TextLines::swap(TextLines& other) noexcept
     std::swap(savable_, other.savable_);
 }
 
-void TextLines::Adopt(std::string&& bytes, std::vector<std::size_t>&& ends)
+void TextLines::Adopt(ByteBuffer&& bytes, std::vector<std::uint32_t>&& ends)
 {
     bytes_ = std::move(bytes);
     ends_ = std::move(ends);

@@ -1,17 +1,50 @@
 // Lines of text kept as the bytes of the file that holds them: UTF-8, each line followed by CR LF
 // as the tool writes every text file, in one buffer, with where each line ends. A map of 65,536
-// lines takes its file's size and half a megabyte, where a wide string per line took four times
-// the file and an allocation each; saving it writes the buffer as it is.
+// lines takes its file's size and a quarter of a megabyte, where a wide string per line took four
+// times the file and an allocation each; saving it writes the buffer as it is. At most 4 GiB of
+// lines (std::length_error beyond), far beyond the largest text file the tool reads.
 #pragma once
 
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
+#include <memory>
+#include <new>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
+
+// An allocator whose elements are left as they are when a vector grows (default-initialised, not
+// zeroed): a file's bytes read into such a vector are written once, by the read.
+template <class T>
+struct UninitializedAllocator : std::allocator<T> {
+    template <class U>
+    struct rebind {
+        using other = UninitializedAllocator<U>;
+    };
+    UninitializedAllocator() = default;
+    template <class U>
+    UninitializedAllocator(const UninitializedAllocator<U>&) noexcept
+    {
+    }
+    template <class U>
+    void construct(U* p) noexcept(std::is_nothrow_default_constructible<U>::value)
+    {
+        ::new (static_cast<void*>(p)) U;
+    }
+    template <class U, class... Args>
+    void construct(U* p, Args&&... args)
+    {
+        ::new (static_cast<void*>(p)) U(std::forward<Args>(args)...);
+    }
+};
+
+using ByteBuffer = std::vector<char, UninitializedAllocator<char>>;
 
 class TextLines {
 public:
@@ -25,7 +58,7 @@ public:
     const std::string_view operator[](std::size_t i) const
     {
         const std::size_t start = i == 0 ? 0 : ends_[i - 1] + 2;
-        return std::string_view(bytes_).substr(start, ends_[i] - start);
+        return std::string_view(bytes_.data() + start, ends_[i] - start);
     }
     // Line `i` as text.
     wxString Text(std::size_t i) const;
@@ -39,13 +72,13 @@ public:
     void swap(TextLines& other) noexcept;
 
     // Every line followed by CR LF: the bytes of the file the lines are saved as.
-    const std::string& Bytes() const { return bytes_; }
+    std::string_view Bytes() const { return std::string_view(bytes_.data(), bytes_.size()); }
     // False when a line added as text held a character that has no UTF-8 form.
     bool Savable() const { return savable_; }
 
     // Takes `bytes` as they are: lines each followed by CR LF, `ends` the offset of each line's
     // CR. The reader hands over a file's bytes so, without copying them.
-    void Adopt(std::string&& bytes, std::vector<std::size_t>&& ends);
+    void Adopt(ByteBuffer&& bytes, std::vector<std::uint32_t>&& ends);
 
     class const_iterator {
     public:
@@ -77,8 +110,8 @@ public:
     friend bool operator!=(const TextLines& a, const TextLines& b) { return !(a == b); }
 
 private:
-    std::string bytes_;
-    std::vector<std::size_t> ends_;
+    ByteBuffer bytes_;
+    std::vector<std::uint32_t> ends_;
     bool savable_ = true;
 };
 
