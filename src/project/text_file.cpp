@@ -295,7 +295,7 @@ private:
 
 // The lines of a file of ASCII as the tool writes it (no BOM, no NUL, every line ended by CR LF,
 // the last one too) in one pass over its bytes: `ends` gets where each line's CR is. False as soon
-// as the bytes are anything else. Sixteen bytes at a time where the processor has SSE2 (x86-64).
+// as the bytes are anything else. 64 bytes at a time where the processor has SSE2 (x86-64).
 bool FindCrLfLines(const ByteBuffer& bytes, std::vector<std::uint32_t>& ends)
 {
     const char* const data = bytes.data();
@@ -304,17 +304,26 @@ bool FindCrLfLines(const ByteBuffer& bytes, std::vector<std::uint32_t>& ends)
     std::size_t i = 0;
 #ifdef __SSE2__
     const __m128i cr = _mm_set1_epi8('\r'), lf = _mm_set1_epi8('\n'), nul = _mm_setzero_si128();
-    for (; i + 16 <= size; i += 16) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i));
-        const unsigned crs = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, cr)));
-        const unsigned feeds = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, lf)));
-        // A byte above 0x7F or NUL, an LF after anything but a CR, a CR before anything but an LF.
-        if (_mm_movemask_epi8(block) != 0 || _mm_movemask_epi8(_mm_cmpeq_epi8(block, nul)) != 0 ||
-            ((crs << 1 | (afterCr ? 1u : 0u)) & 0xFFFFu) != feeds)
+    for (; i + 64 <= size; i += 64) {
+        __m128i block[4];
+        for (int k = 0; k < 4; ++k)
+            block[k] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i + 16 * k));
+        // A byte above 0x7F (its high bit) or NUL (the smallest byte).
+        const __m128i any = _mm_or_si128(_mm_or_si128(block[0], block[1]), _mm_or_si128(block[2], block[3]));
+        const __m128i least = _mm_min_epu8(_mm_min_epu8(block[0], block[1]), _mm_min_epu8(block[2], block[3]));
+        if ((_mm_movemask_epi8(any) | _mm_movemask_epi8(_mm_cmpeq_epi8(least, nul))) != 0)
             return false;
-        afterCr = (crs >> 15) != 0;
-        for (unsigned each = feeds; each != 0; each &= each - 1)
-            ends.push_back(static_cast<std::uint32_t>(i + static_cast<std::size_t>(__builtin_ctz(each)) - 1));
+        std::uint64_t crs = 0, feeds = 0;
+        for (int k = 0; k < 4; ++k) {
+            crs |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block[k], cr)))) << (16 * k);
+            feeds |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block[k], lf)))) << (16 * k);
+        }
+        // Every LF right after a CR and every CR right before an LF.
+        if ((crs << 1 | (afterCr ? 1u : 0u)) != feeds)
+            return false;
+        afterCr = (crs >> 63) != 0;
+        for (; feeds != 0; feeds &= feeds - 1)
+            ends.push_back(static_cast<std::uint32_t>(i + static_cast<std::size_t>(__builtin_ctzll(feeds)) - 1));
     }
 #endif
     for (; i < size; ++i) {
