@@ -156,7 +156,7 @@ wxString MapSubject(std::string_view line)
 
 // MatchByKey for the map's lines, which may be 65,536 a side: their keys are looked up where
 // they lie, in a table of the keys of `b` (open addressing), in time linear in the lines.
-std::vector<int> MatchMapLines(const TextLines& a, const TextLines& b, std::vector<bool>& bMatched)
+std::vector<int> MatchMapLines(const TextLines& a, const std::vector<std::string_view>& b, std::vector<bool>& bMatched)
 {
     const auto hashOf = [](const MapKey& key) {
         return std::hash<std::string_view>()(key.section) * 31 + std::hash<std::string_view>()(key.address);
@@ -179,15 +179,17 @@ std::vector<int> MatchMapLines(const TextLines& a, const TextLines& b, std::vect
         next[static_cast<std::size_t>(j)] = waiting[slot];
         waiting[slot] = j;
     }
-    std::vector<int> partner(a.size(), -1);
+    std::vector<int> partner;
+    partner.reserve(a.size());
     bMatched.assign(b.size(), false);
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const std::size_t slot = slotOf(KeyOf(a[i]));
-        if (keyLine[slot] < 0 || waiting[slot] < 0)
+    for (const std::string_view line : a) {
+        const std::size_t slot = slotOf(KeyOf(line));
+        const int j = keyLine[slot] < 0 ? -1 : waiting[slot];
+        partner.push_back(j);
+        if (j < 0)
             continue;
-        partner[i] = waiting[slot];
-        waiting[slot] = next[static_cast<std::size_t>(partner[i])];
-        bMatched[static_cast<std::size_t>(partner[i])] = true;
+        waiting[slot] = next[static_cast<std::size_t>(j)];
+        bMatched[static_cast<std::size_t>(j)] = true;
     }
     return partner;
 }
@@ -197,17 +199,20 @@ void DiffMapLines(const TextLines& a, const TextLines& b, std::vector<ProjectDif
 {
     using Change = ProjectDifference::Change;
     const auto kind = ProjectDifference::Kind::MapLine;
+    const std::vector<std::string_view> bLines(b.begin(), b.end());
     std::vector<bool> bMatched;
-    const std::vector<int> partner = MatchMapLines(a, b, bMatched);
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (partner[i] < 0)
-            out.push_back({kind, Change::Removed, MapSubject(a[i]), a.Text(i), wxString()});
-        else if (a[i] != b[static_cast<std::size_t>(partner[i])])
-            out.push_back({kind, Change::Changed, MapSubject(a[i]), a.Text(i), b.Text(static_cast<std::size_t>(partner[i]))});
+    const std::vector<int> partner = MatchMapLines(a, bLines, bMatched);
+    std::size_t i = 0;
+    for (const std::string_view line : a) {
+        const int j = partner[i++];
+        if (j < 0)
+            out.push_back({kind, Change::Removed, MapSubject(line), Utf8Text(line), wxString()});
+        else if (line != bLines[static_cast<std::size_t>(j)])
+            out.push_back({kind, Change::Changed, MapSubject(line), Utf8Text(line), Utf8Text(bLines[static_cast<std::size_t>(j)])});
     }
-    for (std::size_t j = 0; j < b.size(); ++j)
+    for (std::size_t j = 0; j < bLines.size(); ++j)
         if (!bMatched[j])
-            out.push_back({kind, Change::Added, MapSubject(b[j]), wxString(), b.Text(j)});
+            out.push_back({kind, Change::Added, MapSubject(bLines[j]), wxString(), Utf8Text(bLines[j])});
 }
 
 }  // namespace

@@ -118,8 +118,8 @@ wxArrayString ProjectFileLines(const Project& project)
     const TextLines text = ProjectFileText(project);
     wxArrayString lines;
     lines.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i)
-        lines.Add(text.Text(i));
+    for (const std::string_view line : text)
+        lines.Add(Utf8Text(line));
     return lines;
 }
 

@@ -293,14 +293,21 @@ private:
     wxString line;
 };
 
-// The lines of a file of ASCII as the tool writes it (no BOM, no NUL, every line ended by CR LF,
-// the last one too) in one pass over its bytes: `ends` gets where each line's CR is. False as soon
-// as the bytes are anything else. 64 bytes at a time where the processor has SSE2 (x86-64).
-bool FindCrLfLines(const ByteBuffer& bytes, std::vector<std::uint32_t>& ends)
+// A file of ASCII as the tool writes it (no BOM, no NUL, every line ended by CR LF, the last one
+// too), found in one pass over its bytes: `count` gets its lines, `cutAt` where its first
+// `maxLines` lines end. False as soon as the bytes are anything else. 64 bytes at a time where the
+// processor has SSE2 (x86-64).
+bool FindCrLfLines(const ByteBuffer& bytes, std::size_t maxLines, std::size_t& count, std::size_t& cutAt)
 {
     const char* const data = bytes.data();
-    const std::size_t size = bytes.size();  // at most 16 MiB: the offsets fit 32 bits
+    const std::size_t size = bytes.size();
     bool afterCr = false;  // the byte before is a CR, so this one must be an LF
+    count = 0;
+    cutAt = 0;
+    const auto lineFeed = [&](std::size_t at) {
+        if (++count == maxLines)
+            cutAt = at + 1;
+    };
     std::size_t i = 0;
 #ifdef __SSE2__
     const __m128i cr = _mm_set1_epi8('\r'), lf = _mm_set1_epi8('\n'), nul = _mm_setzero_si128();
@@ -323,7 +330,7 @@ bool FindCrLfLines(const ByteBuffer& bytes, std::vector<std::uint32_t>& ends)
             return false;
         afterCr = (crs >> 63) != 0;
         for (; feeds != 0; feeds &= feeds - 1)
-            ends.push_back(static_cast<std::uint32_t>(i + static_cast<std::size_t>(__builtin_ctzll(feeds)) - 1));
+            lineFeed(i + static_cast<std::size_t>(__builtin_ctzll(feeds)));
     }
 #endif
     for (; i < size; ++i) {
@@ -332,7 +339,7 @@ bool FindCrLfLines(const ByteBuffer& bytes, std::vector<std::uint32_t>& ends)
             return false;
         afterCr = c == '\r';
         if (c == '\n')
-            ends.push_back(static_cast<std::uint32_t>(i - 1));
+            lineFeed(i);
     }
     return !afterCr && (size == 0 || data[size - 1] == '\n');
 }
@@ -347,19 +354,19 @@ TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size
     if (read != TextFileRead::Read)
         return read;
     TextLines kept;
-    std::vector<std::uint32_t> ends;
-    if (FindCrLfLines(bytes, ends)) {
-        if (ends.size() > maxLines) {
+    std::size_t count = 0;
+    std::size_t cutAt = 0;
+    if (FindCrLfLines(bytes, maxLines, count, cutAt)) {
+        if (count > maxLines) {
             if (!cut)
                 return TextFileRead::Refused;
-            ends.resize(maxLines);
-            bytes.resize(maxLines == 0 ? 0 : ends.back() + 2);
+            count = maxLines;
+            bytes.resize(cutAt);
         }
-        kept.Adopt(std::move(bytes), std::move(ends));
+        kept.Adopt(std::move(bytes), count);
         lines.swap(kept);
         return TextFileRead::Read;
     }
-    ends.clear();
     const TextStart start = FindTextStart(bytes);
     if (start.other) {
         KeptText sink(kept, maxLines, cut);
@@ -381,22 +388,25 @@ TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size
     };
     bool asRead = start.from == 0;
     bool over = false;
+    count = 0;
+    cutAt = 0;
     ForEachUtf8Line(begin, end, [&](const char* line, std::size_t length, bool crLf) {
-        if (ends.size() == maxLines) {
+        if (count == maxLines) {
             over = true;
             return false;
         }
         asRead = asRead && crLf && (ascii || !savedOtherwise(line, length));
-        ends.push_back(static_cast<std::uint32_t>(static_cast<std::size_t>(line - begin) + length));  // within 16 MiB
+        ++count;
+        cutAt = static_cast<std::size_t>(line - begin) + length + 2;
         return true;
     });
     if (over && !cut)
         return TextFileRead::Refused;
     if (asRead) {
-        bytes.resize(ends.empty() ? 0 : ends.back() + 2);
-        kept.Adopt(std::move(bytes), std::move(ends));
+        bytes.resize(cutAt);
+        kept.Adopt(std::move(bytes), count);
     } else {
-        std::size_t count = 0;
+        count = 0;
         ForEachUtf8Line(begin, end, [&](const char* line, std::size_t length, bool) {
             if (count++ == maxLines)
                 return false;

@@ -4,28 +4,25 @@
 
 #include <wx/strconv.h>
 
-#include <stdexcept>
-
 TextLines::TextLines(const wxArrayString& lines)
 {
     for (const wxString& line : lines)
         Add(line);
 }
 
-wxString TextLines::Text(std::size_t i) const
+wxString Utf8Text(std::string_view utf8)
 {
-    const std::string_view line = (*this)[i];
-    return wxString::FromUTF8(line.data(), line.size());
+    return wxString::FromUTF8(utf8.data(), utf8.size());
 }
 
 void TextLines::Add(std::string_view utf8)
 {
-    if (bytes_.size() + utf8.size() > UINT32_MAX)
-        throw std::length_error("TextLines: more than 4 GiB of lines");
+    for (std::size_t at = utf8.find("\r\n"); at != std::string_view::npos; at = utf8.find("\r\n", at + 2))
+        ++count_;
     bytes_.insert(bytes_.end(), utf8.begin(), utf8.end());
-    ends_.push_back(static_cast<std::uint32_t>(bytes_.size()));
     bytes_.push_back('\r');
     bytes_.push_back('\n');
+    ++count_;
 }
 
 void TextLines::Add(const wxString& line)
@@ -41,21 +38,21 @@ void TextLines::Add(const wxString& line)
 void TextLines::Clear()
 {
     bytes_.clear();
-    ends_.clear();
+    count_ = 0;
     savable_ = true;
 }
 
 void TextLines::swap(TextLines& other) noexcept
 {
     bytes_.swap(other.bytes_);
-    ends_.swap(other.ends_);
+    std::swap(count_, other.count_);
     std::swap(savable_, other.savable_);
 }
 
-void TextLines::Adopt(ByteBuffer&& bytes, std::vector<std::uint32_t>&& ends)
+void TextLines::Adopt(ByteBuffer&& bytes, std::size_t count)
 {
     bytes_ = std::move(bytes);
-    ends_ = std::move(ends);
+    count_ = count;
     savable_ = true;
 }
 

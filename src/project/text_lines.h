@@ -1,15 +1,13 @@
 // Lines of text kept as the bytes of the file that holds them: UTF-8, each line followed by CR LF
-// as the tool writes every text file, in one buffer, with where each line ends. A map of 65,536
-// lines takes its file's size and a quarter of a megabyte, where a wide string per line took four
-// times the file and an allocation each; saving it writes the buffer as it is. At most 4 GiB of
-// lines (std::length_error beyond), far beyond the largest text file the tool reads.
+// as the tool writes every text file, in one buffer. A map of 65,536 lines takes its file's size,
+// where a wide string per line took four times the file and an allocation each; saving it writes
+// the buffer as it is. The lines are read in order; whoever needs them by number indexes them.
 #pragma once
 
 #include <wx/arrstr.h>
 #include <wx/string.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -52,17 +50,10 @@ public:
     // Lines from elsewhere (a tool's printout, a list), each encoded as a save encodes it.
     TextLines(const wxArrayString& lines);  // implicit: a list of lines is taken where lines are
 
-    std::size_t size() const { return ends_.size(); }
-    bool empty() const { return ends_.empty(); }
-    // The UTF-8 bytes of line `i`, without its line end (const: lines are not changed in place).
-    const std::string_view operator[](std::size_t i) const
-    {
-        const std::size_t start = i == 0 ? 0 : ends_[i - 1] + 2;
-        return std::string_view(bytes_.data() + start, ends_[i] - start);
-    }
-    // Line `i` as text.
-    wxString Text(std::size_t i) const;
+    std::size_t size() const { return count_; }
+    bool empty() const { return count_ == 0; }
 
+    // A line holding CR LF counts as the lines they separate, as it reads back from its file.
     void Add(std::string_view utf8);
     void Add(const char* utf8) { Add(std::string_view(utf8)); }
     // Encoded as WriteTextLines encodes a line: a character with no UTF-8 form is kept as U+FFFD,
@@ -76,10 +67,11 @@ public:
     // False when a line added as text held a character that has no UTF-8 form.
     bool Savable() const { return savable_; }
 
-    // Takes `bytes` as they are: lines each followed by CR LF, `ends` the offset of each line's
-    // CR. The reader hands over a file's bytes so, without copying them.
-    void Adopt(ByteBuffer&& bytes, std::vector<std::uint32_t>&& ends);
+    // Takes `bytes` as they are: `count` lines, each followed by CR LF and holding none. The
+    // reader hands over a file's bytes so, without copying them.
+    void Adopt(ByteBuffer&& bytes, std::size_t count);
 
+    // The lines in order, each the UTF-8 bytes of a line without its line end.
     class const_iterator {
     public:
         using iterator_category = std::forward_iterator_tag;
@@ -87,33 +79,35 @@ public:
         using difference_type = std::ptrdiff_t;
         using pointer = const std::string_view*;
         using reference = std::string_view;
-        const_iterator(const TextLines& lines, std::size_t i) : lines_(&lines), i_(i) {}
-        std::string_view operator*() const { return (*lines_)[i_]; }
+        const_iterator(std::string_view rest) : rest_(rest) {}
+        std::string_view operator*() const { return rest_.substr(0, rest_.find("\r\n")); }
         const_iterator& operator++()
         {
-            ++i_;
+            rest_.remove_prefix(rest_.find("\r\n") + 2);
             return *this;
         }
-        bool operator==(const const_iterator& other) const { return i_ == other.i_; }
-        bool operator!=(const const_iterator& other) const { return i_ != other.i_; }
+        bool operator==(const const_iterator& other) const { return rest_.data() == other.rest_.data(); }
+        bool operator!=(const const_iterator& other) const { return !(*this == other); }
 
     private:
-        const TextLines* lines_;
-        std::size_t i_;
+        std::string_view rest_;  // from the line on
     };
     using iterator = const_iterator;
     using value_type = std::string_view;
-    const_iterator begin() const { return const_iterator(*this, 0); }
-    const_iterator end() const { return const_iterator(*this, size()); }
+    const_iterator begin() const { return const_iterator(Bytes()); }
+    const_iterator end() const { return const_iterator(Bytes().substr(bytes_.size())); }
 
-    friend bool operator==(const TextLines& a, const TextLines& b) { return a.ends_ == b.ends_ && a.bytes_ == b.bytes_; }
+    friend bool operator==(const TextLines& a, const TextLines& b) { return a.bytes_ == b.bytes_; }
     friend bool operator!=(const TextLines& a, const TextLines& b) { return !(a == b); }
 
 private:
     ByteBuffer bytes_;
-    std::vector<std::uint32_t> ends_;
+    std::size_t count_ = 0;
     bool savable_ = true;
 };
+
+// The text of UTF-8 bytes (a line of TextLines).
+wxString Utf8Text(std::string_view utf8);
 
 // The UTF-8 bytes a save writes for `line`, appended to `out`: ASCII characters copied as they
 // are, the rest converted. False, with nothing appended, for a character with no UTF-8 form.
