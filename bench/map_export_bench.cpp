@@ -31,13 +31,13 @@ void BM_ExportMap(benchmark::State& state, const char* extension)
     wxRemoveFile(path);
 }
 
-// The bytes of the CSV export, already made, written in one call; with `flush`, flushed to the
-// disk as the export is (the floor), else left in the system's cache.
-void WriteSameBytes(benchmark::State& state, bool flush)
+// The bytes of the export to `extension`, already made, written in one call; with `flush`,
+// flushed to the disk as the export is (the floor), else left in the system's cache.
+void WriteSameBytes(benchmark::State& state, const char* extension, bool flush)
 {
     const wxString path = wxFileName::CreateTempFileName("tgxbench");
     std::string bytes;
-    MapExportText(".csv", MapOfLines(static_cast<int>(state.range(0))), [&bytes](std::string_view piece) { bytes += piece; });
+    MapExportText(extension, MapOfLines(static_cast<int>(state.range(0))), [&bytes](std::string_view piece) { bytes += piece; });
     for (auto _ : state) {
         wxFile file(path, wxFile::write);
         benchmark::DoNotOptimize(file.Write(bytes.data(), bytes.size()) == bytes.size() && (!flush || file.Flush()));
@@ -46,12 +46,13 @@ void WriteSameBytes(benchmark::State& state, bool flush)
     wxRemoveFile(path);
 }
 
-void BM_PlainWrite(benchmark::State& state) { WriteSameBytes(state, false); }
-void BM_PlainWriteFlushed(benchmark::State& state) { WriteSameBytes(state, true); }
+void BM_PlainWrite(benchmark::State& state, const char* extension) { WriteSameBytes(state, extension, false); }
+void BM_PlainWriteFlushed(benchmark::State& state, const char* extension) { WriteSameBytes(state, extension, true); }
 
 }  // namespace
 
 BENCHMARK_CAPTURE(BM_ExportMap, csv, ".csv")->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
 BENCHMARK_CAPTURE(BM_ExportMap, text, ".txt")->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
-BENCHMARK(BM_PlainWrite)->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
-BENCHMARK(BM_PlainWriteFlushed)->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(BM_PlainWrite, csv, ".csv")->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(BM_PlainWriteFlushed, csv, ".csv")->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+BENCHMARK_CAPTURE(BM_PlainWriteFlushed, text, ".txt")->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
