@@ -6,7 +6,8 @@
 # A command and its floor run in turn, A B A B ...; the figure is the median of each pair's ratio
 # of wall times, which the machine's other work disturbs less than a ratio of two medians. The
 # floors are bench/same_bytes: a process that reads files and writes the same bytes, each written
-# file flushed to the disk as the tool's saves are. Peak memory from /usr/bin/time (one run each).
+# file flushed to the disk as the tool's saves are. Peak memory from /usr/bin/time, the median of
+# five runs (it varies by some 0.2 MB from run to run).
 # Every output is compared with what it must be before a figure is printed.
 set -euo pipefail
 build=$(cd "${1:-build}" && pwd)
@@ -83,7 +84,12 @@ pairs() {
   done
   echo "$(awk '{ print $1 / $2 }' times | median) $(cut -d' ' -f1 times | median) $(cut -d' ' -f2 times | median)"
 }
-peak_kb() { /usr/bin/time -f %M -o peak "$@" >/dev/null 2>&1 || true; tail -n 1 peak; }
+peak_kb() {
+  for _ in 1 2 3 4 5; do
+    /usr/bin/time -f %M -o peak "$@" >/dev/null 2>&1 || true
+    tail -n 1 peak
+  done | median
+}
 row() {  # NAME "ratio a b" AIM
   read -r ratio a b <<<"$2"
   printf 'bench: %s = %.2fx (aim <= %sx; %.1f ms against %.1f ms)\n' "$1" "$ratio" "$3" "$a" "$b"
