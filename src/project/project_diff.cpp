@@ -3,6 +3,7 @@
 #include "project/project_file.h"
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
 #include <map>
 #include <string>
@@ -101,15 +102,30 @@ std::vector<Item> SettingItems(const Project& project)
 
 bool IsMultiplexer(const Project& project) { return GetText(project.mode) == "MULTIPLEXOR"; }
 
+// "%d" without wxString::Format, which converts its format from the locale's encoding each time:
+// a full project has some 4,000 numbers a side.
+void AppendDecimal(std::string& text, int value)
+{
+    char digits[16];
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
+wxString Decimal(int value)
+{
+    std::string text;
+    AppendDecimal(text, value);
+    return wxString::FromAscii(text.data(), text.size());
+}
+
 std::vector<Item> DeviceItems(const Project& project, bool byLongAddress)
 {
     std::vector<Item> items;
     for (int d = 0; d < std::min(project.deviceCount, MAX_DEVICES); ++d) {
         const ProjectDevice& device = project.devices[d];
-        const wxString poll = wxString::Format("%d", device.pollAddress);
+        const wxString poll = Decimal(device.pollAddress);
         items.push_back({byLongAddress ? "with long address " + GetText(device.longAddress) : "at poll address " + poll,
             {{"TYPE", GetText(device.typeName)}, {"DEVICE NAME", GetText(device.deviceName)}, {"POLL ADDRESS", poll},
-                {"LONG ADDRESS", GetText(device.longAddress)}, {"ENABLE", wxString::Format("%d", device.enabled)}}});
+                {"LONG ADDRESS", GetText(device.longAddress)}, {"ENABLE", Decimal(device.enabled)}}});
     }
     return items;
 }
@@ -119,13 +135,16 @@ std::vector<Item> CommandItems(const ProjectDevice& device)
     std::vector<Item> items;
     for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
         const HartCommandEntry& command = device.commands[c];
-        wxString args;
-        for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a)
-            args << (a == 0 ? "" : " ") << command.args[a];
-        items.push_back({wxString::Format("%d", command.commandNumber),
-            {{"INTERVAL", wxString::Format("%d", command.cycleInterval)},
-                {"POLLED", wxString::Format("%d", command.pollEnabled)},
-                {"WRITE", wxString::Format("%d", command.writeCommand)}, {"ARGUMENTS", "[" + args + "]"}}});
+        std::string args = "[";
+        for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a) {
+            if (a > 0)
+                args += ' ';
+            AppendDecimal(args, command.args[a]);
+        }
+        args += ']';
+        items.push_back({Decimal(command.commandNumber),
+            {{"INTERVAL", Decimal(command.cycleInterval)}, {"POLLED", Decimal(command.pollEnabled)},
+                {"WRITE", Decimal(command.writeCommand)}, {"ARGUMENTS", wxString::FromAscii(args.data(), args.size())}}});
     }
     return items;
 }
