@@ -123,9 +123,9 @@ printf 'bench: configure, instant tools = %.2fx the one-device project (aim <= 1
   "$ratio" "$a" "$one" "$(peak_kb "$tgxcfg" configure max.prj --target=127.0.0.1 | awk '{ print $1 / 1024 }')" \
   "$(peak_kb "$tgxcfg" configure one.prj --target=127.0.0.1 | awk '{ print $1 / 1024 }')"
 # What the larger files alone add to the one-device run: the map read once and saved twice (the
-# project's map file and the build folder's copy), flushed, and the project file copied.
-map_twice() { "$same" max.mbd floor1.mbd max.mbd floor2.mbd max.prj floor.prj --no-flush max.prj floor2.prj; }
-map_twice_one() { "$same" one.mbd floor1.mbd one.mbd floor2.mbd one.prj floor.prj --no-flush one.prj floor2.prj; }
+# project's map file and the build folder's copy), flushed, and the project file saved and copied.
+map_twice() { "$same" max.mbd floor1.mbd --again floor2.mbd max.prj floor.prj --no-flush max.prj floor2.prj; }
+map_twice_one() { "$same" one.mbd floor1.mbd --again floor2.mbd one.prj floor.prj --no-flush one.prj floor2.prj; }
 read -r _ a b <<<"$(pairs map_twice map_twice_one)"
 printf 'bench: configure'"'"'s floor = %.2fx the one-device project (its run plus %.1f ms: the larger files written alone)\n' \
   "$(awk -v a="$a" -v b="$b" -v one="$one" 'BEGIN { print (one + a - b) / one }')" "$(awk -v a="$a" -v b="$b" 'BEGIN { print a - b }')"
