@@ -137,6 +137,7 @@ void MapExportText(const wxString& path, const TextLines& mapLines, const std::f
     // The rows handed on some 64 KiB at a time.
     constexpr std::size_t kPiece = 64 * 1024;
     std::string rows;
+    rows.reserve(kPiece + 1024);  // a piece and the row that completes it
     for (const std::string_view line : mapLines) {
         if (!AppendAsciiRow(rows, line))
             AppendTextRow(rows, line);
