@@ -14,8 +14,8 @@
 
 // The largest text file the tool reads: four times the largest map file (65,536 lines), far more
 // than any project, map or device type file holds. A larger file is refused as unreadable, so
-// that a damaged or wrong file cannot take the memory of the machine (reading takes about
-// eighteen times the file's size).
+// that a damaged or wrong file cannot take the memory of the machine (a file that is not UTF-8 is
+// decoded whole, about five times its size).
 constexpr unsigned long long kMaxTextFileBytes = 16ull << 20;
 
 // The most lines a file read whole into memory may hold: the largest map the gateway takes. Only
