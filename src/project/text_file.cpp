@@ -113,9 +113,11 @@ private:
 template <class Take>
 bool ForEachUtf8Line(const char* begin, const char* end, Take take)
 {
+    if (begin == end)
+        return true;  // no line (and memchr must not be given an empty buffer's null pointer)
     // The next CR and the next LF, each found with memchr and looked for again once passed.
     const auto next = [end](const char* from, char c) {
-        const void* found = std::memchr(from, c, static_cast<std::size_t>(end - from));
+        const void* found = from == end ? nullptr : std::memchr(from, c, static_cast<std::size_t>(end - from));
         return found != nullptr ? static_cast<const char*>(found) : end;
     };
     const char* nextCr = next(begin, '\r');
@@ -253,7 +255,7 @@ TextStart FindTextStart(const ByteBuffer& bytes)
     const char* const begin = bytes.data() + start.from;
     const std::size_t length = bytes.size() - start.from;
     // UTF-8 without NUL: ASCII found at once, anything else decoded once.
-    const bool nul = std::memchr(begin, '\0', length) != nullptr;
+    const bool nul = length != 0 && std::memchr(begin, '\0', length) != nullptr;
     start.ascii = !otherBom && !nul && IsAscii(begin, length);
     start.other = otherBom || nul || (!start.ascii && wxConvUTF8.ToWChar(nullptr, 0, begin, length) == wxCONV_FAILED);
     return start;
