@@ -5,7 +5,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const wxArrayString lines = FuzzLines(data, size);
-    MapExportLines("map.csv", lines);
-    MapExportLines("map.txt", lines);
+    MapExportText("map.csv", lines, [](std::string_view) {});
+    MapExportText("map.txt", lines, [](std::string_view) {});
     return 0;
 }

@@ -5,6 +5,7 @@
 # bench/empty_frame, both ended by TGX_EXIT_WHEN_SHOWN's hook (src/ui/exit_when_shown.h) on a
 # private Xvfb display; RUNS runs of each, alternating, with their wall times and peak RSS.
 # Configure's own time: BM_ConfigureOwnTime, the workflow against the simulator minus its tools.
+# tgxcfg's whole commands on the largest project against their floors: bench/whole_commands.sh.
 set -euo pipefail
 build=$(cd "${1:-build}" && pwd)
 top=$(cd "$(dirname "$0")/.." && pwd)
@@ -17,9 +18,13 @@ ratio() {
 }
 ratio generator BM_GenerateConfigurationMaximalProject BM_WriteSameBytesFlushed 2
 ratio "load and save" BM_LoadAndSaveMaximalProject BM_ReadAndWriteSameBytesFlushed 2
+ratio "export-map csv, in-process" BM_ExportMap/csv/65536 BM_PlainWriteFlushed/csv/65536 3
+ratio "export-map txt, in-process" BM_ExportMap/text/65536 BM_PlainWriteFlushed/text/65536 3
 
 configure_ms=$(echo "$csv" | awk -F, '$1 ~ /^"BM_ConfigureOwnTime.*_median"$/ { print $3 }')
 printf 'bench: Configure = %.1f ms (aim <= 20 ms)\n' "$configure_ms"
+
+bash "$top/bench/whole_commands.sh" "$build"
 
 # Start-up, on a display of its own that is taken down at the end.
 runs=${RUNS:-21}

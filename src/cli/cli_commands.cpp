@@ -203,7 +203,7 @@ int Generate(Session& s, const CliRequest& request, std::ostream& err)
 
 int ExportMap(Session& s, const wxString& path, const wxString& shownPath, std::ostream& err)
 {
-    if (WriteTextLines(path, MapExportLines(path, s.project.modbusMapLines)))
+    if (WriteMapExport(path, s.project.modbusMapLines))
         return kSuccess;
     WriteLine(err, "tgxcfg: cannot write " + shownPath);
     return kFailure;
@@ -305,7 +305,7 @@ bool LoadSecondSide(const CliRequest& request, const wxString& path, Project& se
         if (!fetched)
             return false;
     }
-    second = other->project;
+    second = std::move(other->project);
     return true;
 }
 

@@ -41,8 +41,8 @@ std::string ProjectJson(const Project& project)
             {"autoAddressing", (device.enabled & 2) != 0}, {"commands", commands}});
     }
     Json map = Json::array();
-    for (const wxString& line : project.modbusMapLines)
-        map.push_back(Utf8(line));
+    for (const std::string_view line : project.modbusMapLines)
+        map.push_back(std::string(line));
     return Document({{"settings", settings}, {"devices", devices}, {"map", map}});
 }
 

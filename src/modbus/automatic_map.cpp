@@ -26,12 +26,12 @@ void GenerateAutomaticMap(AppContext& ctx)
     }
     // A map file that cannot be read leaves the map as it was. No gateway takes more lines than a
     // map file holds: what a damaged printout has beyond is dropped.
-    wxArrayString generated;
+    TextLines generated;
     if (ReadFirstTextLines(MapChainFile(ctx, "_temp.mbd"), generated) != TextFileRead::Read) {
         // "genrated" is misspelt on purpose: the message is kept as users and their notes know it.
         ctx.ui.ShowMessage("Failed to read the auto genrated map file");
         return;
     }
-    ctx.project.modbusMapLines = generated;
+    ctx.project.modbusMapLines.swap(generated);
     RemoveMapChainFile(ctx, "_temp.mbd");
 }

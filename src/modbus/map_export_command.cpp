@@ -20,5 +20,5 @@ void ExportModbusMap(AppContext& ctx)
     if (!ctx.ui.ChooseFile(form))
         return;
     // The layout follows the chosen name alone, whatever filter was selected.
-    WriteTextLines(form.path, MapExportLines(form.path, ctx.project.modbusMapLines));
+    WriteMapExport(form.path, ctx.project.modbusMapLines);
 }

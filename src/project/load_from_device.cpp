@@ -26,7 +26,7 @@ void LoadProjectFromDevice(AppContext& ctx)
         return;
     }
     ctx.ui.PulseProgress("Downloading modbus map");
-    wxArrayString map;
+    TextLines map;
     const bool mapFetched = FetchDeviceFile(ctx, "TG7/MBMAP1.csv", mapFile) && ReadTextLines(mapFile, map);
     // The map the gateway is running; it stands in when its map file could not be fetched.
     wxArrayString printed;
@@ -40,6 +40,6 @@ void LoadProjectFromDevice(AppContext& ctx)
     case ProjectReadResult::NoContent: ctx.ui.ShowMessage("Invalid project file (no content)"); return;
     default: ctx.ui.ShowMessage("Error in project file"); return;
     }
-    ctx.project.modbusMapLines = map;
+    ctx.project.modbusMapLines.swap(map);
     ctx.ui.RefreshPanel();
 }

@@ -3,6 +3,8 @@
 // nothing is allocated per device or per command.
 #pragma once
 
+#include "project/text_lines.h"
+
 #include <wx/arrstr.h>
 #include <wx/filename.h>
 #include <wx/string.h>
@@ -75,7 +77,7 @@ struct Project {
     int modbusRtuAddress = 0;
     int automaticModbusMap = 1;
     int bridgeBufferTime = 0;
-    wxArrayString modbusMapLines;
+    TextLines modbusMapLines;
     char remoteIp[kTextFieldSize] = {};
     char tagName[kTextFieldSize] = {};
     char mode[kTextFieldSize] = {};

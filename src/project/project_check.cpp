@@ -443,11 +443,12 @@ void Checker::CheckCommands(int d)
 
 void Checker::CheckMapLines()
 {
-    for (size_t i = 0; i < project.modbusMapLines.size(); ++i) {
-        const int fields = static_cast<int>(project.modbusMapLines[i].Freq(',')) + 1;
+    int number = 0;
+    for (const std::string_view line : project.modbusMapLines) {
+        ++number;
+        const int fields = static_cast<int>(std::count(line.begin(), line.end(), ',')) + 1;
         if (fields != kMapFields)
-            problems.push_back({true, static_cast<int>(i) + 1,
-                                wxString::Format("map line %d: %d fields instead of 7", static_cast<int>(i) + 1, fields)});
+            problems.push_back({true, number, wxString::Format("map line %d: %d fields instead of 7", number, fields)});
     }
 }
 

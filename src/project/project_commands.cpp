@@ -98,7 +98,7 @@ ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path, wxS
         return ProjectReadResult::Unreadable;
     // A map file that is there but cannot be read is not taken for no map: the load stops before
     // anything changes, so that nothing is saved over it.
-    wxArrayString map;
+    TextLines map;
     wxString refused;
     if (ReadProjectMap(path, map, &refused) == TextFileRead::Refused) {
         if (unreadableMap != nullptr)

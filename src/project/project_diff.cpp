@@ -3,7 +3,11 @@
 #include "project/project_file.h"
 
 #include <algorithm>
+#include <charconv>
+#include <functional>
 #include <map>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -98,15 +102,30 @@ std::vector<Item> SettingItems(const Project& project)
 
 bool IsMultiplexer(const Project& project) { return GetText(project.mode) == "MULTIPLEXOR"; }
 
+// "%d" without wxString::Format, which converts its format from the locale's encoding each time:
+// a full project has some 4,000 numbers a side.
+void AppendDecimal(std::string& text, int value)
+{
+    char digits[16];
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
+wxString Decimal(int value)
+{
+    std::string text;
+    AppendDecimal(text, value);
+    return wxString::FromAscii(text.data(), text.size());
+}
+
 std::vector<Item> DeviceItems(const Project& project, bool byLongAddress)
 {
     std::vector<Item> items;
     for (int d = 0; d < std::min(project.deviceCount, MAX_DEVICES); ++d) {
         const ProjectDevice& device = project.devices[d];
-        const wxString poll = wxString::Format("%d", device.pollAddress);
+        const wxString poll = Decimal(device.pollAddress);
         items.push_back({byLongAddress ? "with long address " + GetText(device.longAddress) : "at poll address " + poll,
             {{"TYPE", GetText(device.typeName)}, {"DEVICE NAME", GetText(device.deviceName)}, {"POLL ADDRESS", poll},
-                {"LONG ADDRESS", GetText(device.longAddress)}, {"ENABLE", wxString::Format("%d", device.enabled)}}});
+                {"LONG ADDRESS", GetText(device.longAddress)}, {"ENABLE", Decimal(device.enabled)}}});
     }
     return items;
 }
@@ -116,23 +135,103 @@ std::vector<Item> CommandItems(const ProjectDevice& device)
     std::vector<Item> items;
     for (int c = 0; c < std::min(device.commandCount, MAX_COMMANDS); ++c) {
         const HartCommandEntry& command = device.commands[c];
-        wxString args;
-        for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a)
-            args << (a == 0 ? "" : " ") << command.args[a];
-        items.push_back({wxString::Format("%d", command.commandNumber),
-            {{"INTERVAL", wxString::Format("%d", command.cycleInterval)},
-                {"POLLED", wxString::Format("%d", command.pollEnabled)},
-                {"WRITE", wxString::Format("%d", command.writeCommand)}, {"ARGUMENTS", "[" + args + "]"}}});
+        std::string args = "[";
+        for (int a = 0; a < std::clamp(command.argCount, 0, MAX_COMMAND_ARGS); ++a) {
+            if (a > 0)
+                args += ' ';
+            AppendDecimal(args, command.args[a]);
+        }
+        args += ']';
+        items.push_back({Decimal(command.commandNumber),
+            {{"INTERVAL", Decimal(command.cycleInterval)}, {"POLLED", Decimal(command.pollEnabled)},
+                {"WRITE", Decimal(command.writeCommand)}, {"ARGUMENTS", wxString::FromAscii(args.data(), args.size())}}});
     }
     return items;
 }
 
-std::vector<Item> MapItems(const wxArrayString& lines)
+// A map line's key: SECTION and ADDRESS, its first two fields (empty when the line lacks it).
+struct MapKey {
+    std::string_view section;
+    std::string_view address;
+    bool operator==(const MapKey& other) const { return section == other.section && address == other.address; }
+};
+
+MapKey KeyOf(std::string_view line)
 {
-    std::vector<Item> items;
-    for (const wxString& line : lines)
-        items.push_back({line.BeforeFirst(',') + "," + line.AfterFirst(',').BeforeFirst(','), {{wxString(), line}}});
-    return items;
+    const std::size_t comma = line.find(',');
+    if (comma == std::string_view::npos)
+        return {line, {}};
+    const std::string_view rest = line.substr(comma + 1);
+    return {line.substr(0, comma), rest.substr(0, rest.find(','))};
+}
+
+wxString MapSubject(std::string_view line)
+{
+    const MapKey key = KeyOf(line);
+    std::string text = "map ";
+    text.append(key.section).append(",").append(key.address);
+    return wxString::FromUTF8(text.data(), text.size());
+}
+
+// MatchByKey for the map's lines, which may be 65,536 a side: their keys are looked up where
+// they lie, in a table of the keys of `b` (open addressing), in time linear in the lines.
+std::vector<int> MatchMapLines(const TextLines& a, const std::vector<std::string_view>& b, std::vector<bool>& bMatched)
+{
+    const auto hashOf = [](const MapKey& key) {
+        return std::hash<std::string_view>()(key.section) * 31 + std::hash<std::string_view>()(key.address);
+    };
+    std::size_t capacity = 16;
+    while (capacity < 2 * b.size())
+        capacity *= 2;
+    std::vector<int> keyLine(capacity, -1);  // a line of `b` with the slot's key; -1: a free slot
+    std::vector<int> waiting(capacity, -1);  // the first line of `b` with that key not yet paired
+    std::vector<int> next(b.size(), -1);     // the next line of `b` with the same key
+    const auto slotOf = [&](const MapKey& key) {
+        std::size_t slot = hashOf(key) & (capacity - 1);
+        while (keyLine[slot] >= 0 && !(KeyOf(b[static_cast<std::size_t>(keyLine[slot])]) == key))
+            slot = (slot + 1) & (capacity - 1);
+        return slot;
+    };
+    for (int j = static_cast<int>(b.size()) - 1; j >= 0; --j) {
+        const std::size_t slot = slotOf(KeyOf(b[static_cast<std::size_t>(j)]));
+        keyLine[slot] = j;
+        next[static_cast<std::size_t>(j)] = waiting[slot];
+        waiting[slot] = j;
+    }
+    std::vector<int> partner;
+    partner.reserve(a.size());
+    bMatched.assign(b.size(), false);
+    for (const std::string_view line : a) {
+        const std::size_t slot = slotOf(KeyOf(line));
+        const int j = keyLine[slot] < 0 ? -1 : waiting[slot];
+        partner.push_back(j);
+        if (j < 0)
+            continue;
+        waiting[slot] = next[static_cast<std::size_t>(j)];
+        bMatched[static_cast<std::size_t>(j)] = true;
+    }
+    return partner;
+}
+
+// DiffItems for the map: a line's one field is the line itself.
+void DiffMapLines(const TextLines& a, const TextLines& b, std::vector<ProjectDifference>& out)
+{
+    using Change = ProjectDifference::Change;
+    const auto kind = ProjectDifference::Kind::MapLine;
+    const std::vector<std::string_view> bLines(b.begin(), b.end());
+    std::vector<bool> bMatched;
+    const std::vector<int> partner = MatchMapLines(a, bLines, bMatched);
+    std::size_t i = 0;
+    for (const std::string_view line : a) {
+        const int j = partner[i++];
+        if (j < 0)
+            out.push_back({kind, Change::Removed, MapSubject(line), Utf8Text(line), wxString()});
+        else if (line != bLines[static_cast<std::size_t>(j)])
+            out.push_back({kind, Change::Changed, MapSubject(line), Utf8Text(line), Utf8Text(bLines[static_cast<std::size_t>(j)])});
+    }
+    for (std::size_t j = 0; j < bLines.size(); ++j)
+        if (!bMatched[j])
+            out.push_back({kind, Change::Added, MapSubject(bLines[j]), wxString(), Utf8Text(bLines[j])});
 }
 
 }  // namespace
@@ -150,7 +249,7 @@ std::vector<ProjectDifference> DiffProjects(const Project& a, const Project& b)
         DiffItems(Kind::Command, "device " + devicesA[i].key + " command ", CommandItems(a.devices[i]),
             CommandItems(b.devices[j]), out, [](size_t, size_t) {});
     });
-    DiffItems(Kind::MapLine, "map ", MapItems(a.modbusMapLines), MapItems(b.modbusMapLines), out, [](size_t, size_t) {});
+    DiffMapLines(a.modbusMapLines, b.modbusMapLines, out);
     return out;
 }
 

@@ -25,26 +25,37 @@ void AppendNumber(std::string& text, int value)
     text.append(digits, end.ptr);
 }
 
-wxString AsciiText(const std::string& text)
+bool IsAscii(const char* text)
 {
-    return wxString::FromAscii(text.data(), text.size());
+    for (; *text != '\0'; ++text)
+        if ((static_cast<unsigned char>(*text) & 0x80) != 0)
+            return false;
+    return true;
 }
 
 }  // namespace
 
-wxArrayString ProjectFileLines(const Project& p)
+TextLines ProjectFileText(const Project& p)
 {
-    wxArrayString lines;
-    lines.Alloc(30 + 6 * MAX_DEVICES + 2 * MAX_DEVICES * MAX_COMMANDS);
+    TextLines lines;
     std::string line;
-    auto text = [&](const char* key, const char* value) { lines.Add(wxString::FromAscii(key) + GetText(value)); };
+    auto text = [&](const char* key, const char* value) {
+        // Any other field is written as its text reads, as a line of text is.
+        if (!IsAscii(value)) {
+            lines.Add(wxString::FromAscii(key) + GetText(value));
+            return;
+        }
+        line = key;
+        line += value;
+        lines.Add(std::string_view(line));
+    };
     auto number = [&](const char* key, int value) {
         line = key;
         AppendNumber(line, value);
-        lines.Add(AsciiText(line));
+        lines.Add(std::string_view(line));
     };
-    lines.Add(wxString("TGX VERSION:") + kToolVersion);
-    lines.Add(wxString());
+    lines.Add(std::string_view(std::string("TGX VERSION:") + kToolVersion));
+    lines.Add(std::string_view());
     text("TGX TAGNAME:", p.tagName);
     text("MODE:", p.mode);
     text("REMOTE IP:", p.remoteIp);
@@ -87,7 +98,7 @@ wxArrayString ProjectFileLines(const Project& p)
                 line += ' ';
             }
             line.pop_back();  // no blank after the last one
-            lines.Add(AsciiText(line));
+            lines.Add(std::string_view(line));
             if (command.argCount == 0)
                 continue;
             line = "CMDARGS:";
@@ -96,16 +107,26 @@ wxArrayString ProjectFileLines(const Project& p)
                 AppendNumber(line, command.args[a]);
                 line += ' ';
             }
-            lines.Add(AsciiText(line));
+            lines.Add(std::string_view(line));
         }
     }
+    return lines;
+}
+
+wxArrayString ProjectFileLines(const Project& project)
+{
+    const TextLines text = ProjectFileText(project);
+    wxArrayString lines;
+    lines.reserve(text.size());
+    for (const std::string_view line : text)
+        lines.Add(Utf8Text(line));
     return lines;
 }
 
 namespace {
 
 // Writes one file of a save; false when it failed and the interface stops the save there.
-bool WriteSavedFile(AppContext& ctx, const wxString& path, const wxArrayString& lines)
+bool WriteSavedFile(AppContext& ctx, const wxString& path, const TextLines& lines)
 {
     wxString reason;
     return WriteTextLines(path, lines, &reason) || ctx.ui.ContinueAfterFailedSave("Could not save " + path + ": " + reason);
@@ -115,7 +136,7 @@ bool WriteSavedFile(AppContext& ctx, const wxString& path, const wxArrayString& 
 
 bool SaveProject(AppContext& ctx, const wxString& path)
 {
-    if (!WriteSavedFile(ctx, path, ProjectFileLines(ctx.project)))
+    if (!WriteSavedFile(ctx, path, ProjectFileText(ctx.project)))
         return false;
     if (ctx.project.automaticModbusMap == 1)
         GenerateAutomaticMap(ctx);
@@ -132,7 +153,7 @@ wxString MapFilePath(const wxString& projectPath, const char* extension)
     return file.GetFullPath();
 }
 
-TextFileRead ReadProjectMap(const wxString& projectPath, wxArrayString& lines, wxString* refused)
+TextFileRead ReadProjectMap(const wxString& projectPath, TextLines& lines, wxString* refused)
 {
     // The older ".mb" stands in only for a missing ".mbd", not for one that cannot be read.
     wxString file = MapFilePath(projectPath, "mbd");
@@ -218,6 +239,52 @@ wxArrayString Tokens(const wxString& value)
     return wxStringTokenize(value, " \t\r\n", wxTOKEN_STRTOK);
 }
 
+// The values of a HARTCMD or CMDARGS line split as Tokens splits them, without a string for each:
+// how many there are and where the first eight lie. Some 1,600 such lines make a full project.
+class ValueTokens {
+public:
+    explicit ValueTokens(const wxString& value)
+        : chars(value.wx_str())
+    {
+        const auto delimiter = [](wxStringCharType c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+        const std::size_t length = value.length();
+        for (std::size_t i = 0; i < length;) {
+            if (delimiter(chars[i])) {
+                ++i;
+                continue;
+            }
+            const std::size_t start = i;
+            while (i < length && !delimiter(chars[i]))
+                ++i;
+            if (count < MAX_COMMAND_ARGS)
+                spans[count] = {start, i};
+            ++count;
+        }
+    }
+    std::size_t size() const { return count; }
+    // Value `i` (one of the first eight) read as ParseWholeInt reads it: sign and digits at once.
+    bool Number(std::size_t i, int& number) const
+    {
+        const wxStringCharType* c = chars + spans[i].first;
+        const wxStringCharType* const end = chars + spans[i].second;
+        const bool negative = *c == '-';
+        c += negative || *c == '+' ? 1 : 0;
+        // Nine digits always fit; anything else goes the long way.
+        if (c == end || end - c > 9 || !std::all_of(c, end, [](wxStringCharType d) { return d >= '0' && d <= '9'; }))
+            return ParseWholeInt(wxString(chars + spans[i].first, end), number);
+        int parsed = 0;
+        for (; c != end; ++c)
+            parsed = parsed * 10 + static_cast<int>(*c - '0');
+        number = negative ? -parsed : parsed;
+        return true;
+    }
+
+private:
+    const wxStringCharType* chars;
+    std::pair<std::size_t, std::size_t> spans[MAX_COMMAND_ARGS] = {};
+    std::size_t count = 0;
+};
+
 void SetNumber(int& field, const wxString& value)
 {
     ParseWholeInt(value, field);
@@ -247,16 +314,16 @@ void ReadHartCommand(Project& project, const wxString& value, ProjectLineReader&
         reader.lastCommandRead = -1;
         return;
     }
-    const wxArrayString tokens = Tokens(value);
+    const ValueTokens tokens(value);
     // Three values: files of older versions, which had no write commands.
     if (tokens.size() != 4 && tokens.size() != 3)
         return;
     HartCommandEntry& command = device.commands[device.commandCount];
-    SetNumber(command.commandNumber, tokens[0]);
-    SetNumber(command.cycleInterval, tokens[1]);
-    SetNumber(command.pollEnabled, tokens[2]);
+    tokens.Number(0, command.commandNumber);
+    tokens.Number(1, command.cycleInterval);
+    tokens.Number(2, command.pollEnabled);
     if (tokens.size() == 4)
-        SetNumber(command.writeCommand, tokens[3]);
+        tokens.Number(3, command.writeCommand);
     else
         command.writeCommand = 0;
     reader.lastCommandRead = device.commandCount;
@@ -270,10 +337,10 @@ void ReadCommandArgs(Project& project, const wxString& value, const ProjectLineR
     if (d < 0 || d >= MAX_DEVICES || c < 0 || c >= MAX_COMMANDS)
         return;
     HartCommandEntry& command = project.devices[d].commands[c];
-    const wxArrayString tokens = Tokens(value);
+    const ValueTokens tokens(value);
     for (size_t a = 0; a < tokens.size() && a < MAX_COMMAND_ARGS; ++a) {
         command.args[a] = 0;
-        ParseWholeInt(tokens[a], command.args[a]);
+        tokens.Number(a, command.args[a]);
     }
     // The count of values on the line, even beyond the eight that are kept.
     command.argCount = static_cast<int>(tokens.size());

@@ -11,7 +11,8 @@ struct AppContext;
 struct Project;
 
 
-// The project's lines in the order the writer emits them.
+// The project's lines in the order the writer emits them: as the file's bytes, and as text.
+TextLines ProjectFileText(const Project& project);
 wxArrayString ProjectFileLines(const Project& project);
 
 // The settings' lines ("KEY:VALUE") as the file holds them: after its version line, up to the
@@ -47,4 +48,4 @@ wxString MapFilePath(const wxString& projectPath, const char* extension = "mbd")
 // Reads the map file beside a project (".mbd", else the older ".mb") into `lines`. Read: one was
 // read. Refused: the one there cannot be read (`refused` names it). Missing: neither is there.
 // Anything but Read leaves `lines` as they were.
-TextFileRead ReadProjectMap(const wxString& projectPath, wxArrayString& lines, wxString* refused = nullptr);
+TextFileRead ReadProjectMap(const wxString& projectPath, TextLines& lines, wxString* refused = nullptr);

@@ -13,10 +13,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <cstring>
 #include <functional>
 #include <string>
 #include <vector>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 #ifdef __WINDOWS__
 #include <wx/msw/wrapwin.h>
@@ -65,8 +70,6 @@ void TakeMode(const wxString& temporary, const wxString& path)
 class LineSink {
 public:
     virtual ~LineSink() = default;
-    // About how many lines are coming.
-    virtual void Expect(std::size_t) {}
     virtual wxString& Next() = 0;
     // False: stop reading, the file is refused.
     virtual bool Done() = 0;
@@ -92,7 +95,6 @@ private:
 class KeptLines : public LineSink {
 public:
     KeptLines(wxArrayString& lines, std::size_t maxLines) : lines(lines), maxLines(maxLines) {}
-    void Expect(std::size_t count) override { lines.Alloc(std::min(count, maxLines + 1)); }
     wxString& Next() override
     {
         lines.Add(wxString());
@@ -105,39 +107,29 @@ private:
     std::size_t maxLines;
 };
 
-// Splits UTF-8 bytes (no BOM, no NUL, known to be UTF-8) into lines at LF, CR LF and a lone CR,
-// as wxTextFile does; a line end is a byte no character's encoding holds. False when the sink
-// refused a line.
-bool SplitUtf8Lines(const char* begin, const char* end, LineSink& sink)
+// Calls `take(start, length, crLf)` for each line of UTF-8 bytes (no BOM, no NUL, known to be
+// UTF-8), split at LF, CR LF and a lone CR as wxTextFile splits; `crLf` tells a line ended by
+// CR LF. A line end is a byte no character's encoding holds. False when `take` stopped it.
+template <class Take>
+bool ForEachUtf8Line(const char* begin, const char* end, Take take)
 {
+    if (begin == end)
+        return true;  // no line (and memchr must not be given an empty buffer's null pointer)
     // The next CR and the next LF, each found with memchr and looked for again once passed.
     const auto next = [end](const char* from, char c) {
-        const void* found = std::memchr(from, c, static_cast<std::size_t>(end - from));
+        const void* found = from == end ? nullptr : std::memchr(from, c, static_cast<std::size_t>(end - from));
         return found != nullptr ? static_cast<const char*>(found) : end;
     };
     const char* nextCr = next(begin, '\r');
     const char* nextLf = next(begin, '\n');
-    std::wstring wide;  // an ASCII line widened, then copied into its place in one allocation
     for (const char* start = begin; start != end;) {
         const char* const stop = std::min(nextCr, nextLf);
-        const std::size_t length = static_cast<std::size_t>(stop - start);
-        // Widened while the high bits are gathered: one pass, no branch per byte.
-        wide.resize(length);
-        unsigned char high = 0;
-        for (std::size_t i = 0; i < length; ++i) {
-            high |= static_cast<unsigned char>(start[i]);
-            wide[i] = static_cast<wchar_t>(static_cast<unsigned char>(start[i]));
-        }
-        if (high < 0x80) {
-            sink.Next().assign(wide.data(), wide.size());
-        } else {
-            sink.Next() = EncodableText(wxString::FromUTF8(start, length));  // damaged bytes must not stop a save
-        }
-        if (!sink.Done())
+        const bool crLf = stop != end && *stop == '\r' && stop + 1 != end && stop[1] == '\n';
+        if (!take(start, static_cast<std::size_t>(stop - start), crLf))
             return false;
         if (stop == end)
             break;
-        start = stop + (*stop == '\r' && stop + 1 != end && stop[1] == '\n' ? 2 : 1);
+        start = stop + (crLf ? 2 : 1);
         if (nextCr < start)
             nextCr = next(start, '\r');
         if (nextLf < start)
@@ -146,10 +138,51 @@ bool SplitUtf8Lines(const char* begin, const char* end, LineSink& sink)
     return true;
 }
 
+// True when no byte of the stretch has its high bit set: eight bytes at a time.
+bool IsAscii(const char* begin, std::size_t length)
+{
+    std::uint64_t high = 0;
+    std::size_t i = 0;
+    for (; i + 8 <= length; i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, begin + i, 8);
+        high |= word;
+    }
+    for (; i < length; ++i)
+        high |= static_cast<unsigned char>(begin[i]);
+    return (high & 0x8080808080808080ull) == 0;
+}
+
+// A line of a UTF-8 file as its text: decoded, and made encodable (damaged bytes must not stop a save).
+wxString Utf8LineText(const char* start, std::size_t length)
+{
+    return EncodableText(wxString::FromUTF8(start, length));
+}
+
+// Splits UTF-8 bytes into the sink's lines. False when the sink refused a line.
+bool SplitUtf8Lines(const char* begin, const char* end, LineSink& sink)
+{
+    std::wstring wide;  // an ASCII line widened, then copied into its place in one allocation
+    return ForEachUtf8Line(begin, end, [&](const char* start, std::size_t length, bool) {
+        // Widened while the high bits are gathered: one pass, no branch per byte.
+        wide.resize(length);
+        unsigned char high = 0;
+        for (std::size_t i = 0; i < length; ++i) {
+            high |= static_cast<unsigned char>(start[i]);
+            wide[i] = static_cast<wchar_t>(static_cast<unsigned char>(start[i]));
+        }
+        if (high < 0x80)
+            sink.Next().assign(wide.data(), wide.size());
+        else
+            sink.Next() = Utf8LineText(start, length);
+        return sink.Done();
+    });
+}
+
 // Any other encoding (a BOM other than UTF-8's, bytes that are not UTF-8, NUL bytes) decoded as
 // wxTextFile decodes it (wxConvAuto: the BOM's encoding, else UTF-8, else Latin-1) and split as
 // it splits, without its copy of every line. False when it cannot be decoded or the sink refused.
-bool SplitOtherEncoding(const std::string& bytes, LineSink& sink)
+bool SplitOtherEncoding(const ByteBuffer& bytes, LineSink& sink)
 {
     const wxString text(bytes.data(), wxConvAuto(), bytes.size());
     if (bytes.size() > 4 && text.empty())
@@ -175,7 +208,7 @@ bool SplitOtherEncoding(const std::string& bytes, LineSink& sink)
 }
 
 // The whole file read in one call. Missing: no such file; Refused: anything else that stops it.
-TextFileRead ReadBytes(const wxString& path, std::string& bytes)
+TextFileRead ReadBytes(const wxString& path, ByteBuffer& bytes)
 {
     wxLogNull quiet;  // callers decide what an unreadable file means
     if (wxDirExists(path))
@@ -190,7 +223,7 @@ TextFileRead ReadBytes(const wxString& path, std::string& bytes)
     const wxFileOffset length = file.Length();
     if (length < 0 || static_cast<unsigned long long>(length) > kMaxTextFileBytes)
         return TextFileRead::Refused;
-    bytes.assign(static_cast<std::size_t>(length), '\0');
+    bytes.resize(static_cast<std::size_t>(length));  // not zeroed: the read fills it
     std::size_t got = 0;
     while (got < bytes.size()) {
         const ssize_t count = file.Read(&bytes[got], bytes.size() - got);
@@ -204,39 +237,190 @@ TextFileRead ReadBytes(const wxString& path, std::string& bytes)
     return TextFileRead::Read;
 }
 
-// True when the bytes are UTF-8 without NUL: ASCII found at once, anything else decoded once.
-bool IsPlainUtf8(const char* begin, const char* end)
+// Where a file's lines start: after a UTF-8 BOM. Other: a first byte that may start another BOM
+// (FE, FF), or bytes that are not UTF-8 without NUL, which are decoded as wxTextFile decodes them.
+struct TextStart {
+    std::size_t from = 0;
+    bool other = false;
+    bool ascii = false;  // UTF-8 of ASCII characters alone
+};
+
+TextStart FindTextStart(const ByteBuffer& bytes)
 {
-    unsigned char high = 0;
-    bool nul = false;
-    for (const char* c = begin; c != end; ++c) {
-        high |= static_cast<unsigned char>(*c);
-        nul |= *c == '\0';
-    }
-    if (nul)
-        return false;
-    return high < 0x80 || wxConvUTF8.ToWChar(nullptr, 0, begin, static_cast<std::size_t>(end - begin)) != wxCONV_FAILED;
+    TextStart start;
+    const bool utf8Bom = bytes.size() >= 3 && std::memcmp(bytes.data(), "\xEF\xBB\xBF", 3) == 0;
+    start.from = utf8Bom ? 3 : 0;
+    const bool otherBom = !utf8Bom && !bytes.empty() &&
+        (static_cast<unsigned char>(bytes[0]) == 0xFE || static_cast<unsigned char>(bytes[0]) == 0xFF);
+    const char* const begin = bytes.data() + start.from;
+    const std::size_t length = bytes.size() - start.from;
+    // UTF-8 without NUL: ASCII found at once, anything else decoded once.
+    const bool nul = length != 0 && std::memchr(begin, '\0', length) != nullptr;
+    start.ascii = !otherBom && !nul && IsAscii(begin, length);
+    start.other = otherBom || nul || (!start.ascii && wxConvUTF8.ToWChar(nullptr, 0, begin, length) == wxCONV_FAILED);
+    return start;
 }
 
 // The file's lines into the sink: UTF-8 (with or without its BOM), what the tool writes and nearly
 // every file it reads, is split as it stands; whatever else a file holds is decoded first.
 TextFileRead ReadLines(const wxString& path, LineSink& sink)
 {
-    std::string bytes;
+    ByteBuffer bytes;
     const TextFileRead read = ReadBytes(path, bytes);
     if (read != TextFileRead::Read)
         return read;
-    const bool utf8Bom = bytes.size() >= 3 && bytes.compare(0, 3, "\xEF\xBB\xBF") == 0;
-    const char* const begin = bytes.data() + (utf8Bom ? 3 : 0);
-    const char* const end = bytes.data() + bytes.size();
-    // A first byte that may start another BOM (00, FE, FF) leaves it to wxConvAuto.
-    const bool otherBom = !utf8Bom && !bytes.empty() &&
-        (static_cast<unsigned char>(bytes[0]) == 0xFE || static_cast<unsigned char>(bytes[0]) == 0xFF);
-    // Mostly ASCII lines: about as many lines as the file has 40-byte stretches.
-    sink.Expect(bytes.size() / 40 + 1);
-    const bool split = !otherBom && IsPlainUtf8(begin, end) ? SplitUtf8Lines(begin, end, sink)
-                                                            : SplitOtherEncoding(bytes, sink);
+    const TextStart start = FindTextStart(bytes);
+    const bool split = start.other ? SplitOtherEncoding(bytes, sink)
+                                   : SplitUtf8Lines(bytes.data() + start.from, bytes.data() + bytes.size(), sink);
     return split ? TextFileRead::Read : TextFileRead::Refused;
+}
+
+// Lines kept as bytes, up to `maxLines`: beyond, the file is refused, or with `cut` the rest is dropped.
+class KeptText : public LineSink {
+public:
+    KeptText(TextLines& lines, std::size_t maxLines, bool cut) : lines(lines), maxLines(maxLines), cut(cut) {}
+    wxString& Next() override { return line; }
+    bool Done() override
+    {
+        if (lines.size() == maxLines)
+            return cut;
+        lines.Add(line);
+        return true;
+    }
+
+private:
+    TextLines& lines;
+    std::size_t maxLines;
+    bool cut;
+    wxString line;
+};
+
+// A file of ASCII as the tool writes it (no BOM, no NUL, every line ended by CR LF, the last one
+// too), found in one pass over its bytes: `count` gets its lines, `cutAt` where its first
+// `maxLines` lines end. False as soon as the bytes are anything else. 64 bytes at a time where the
+// processor has SSE2 (x86-64).
+bool FindCrLfLines(const ByteBuffer& bytes, std::size_t maxLines, std::size_t& count, std::size_t& cutAt)
+{
+    const char* const data = bytes.data();
+    const std::size_t size = bytes.size();
+    bool afterCr = false;  // the byte before is a CR, so this one must be an LF
+    count = 0;
+    cutAt = 0;
+    const auto lineFeed = [&](std::size_t at) {
+        if (++count == maxLines)
+            cutAt = at + 1;
+    };
+    std::size_t i = 0;
+#ifdef __SSE2__
+    const __m128i cr = _mm_set1_epi8('\r'), lf = _mm_set1_epi8('\n'), nul = _mm_setzero_si128();
+    for (; i + 64 <= size; i += 64) {
+        __m128i block[4];
+        for (int k = 0; k < 4; ++k)
+            block[k] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i + 16 * k));
+        // A byte above 0x7F (its high bit) or NUL (the smallest byte).
+        const __m128i any = _mm_or_si128(_mm_or_si128(block[0], block[1]), _mm_or_si128(block[2], block[3]));
+        const __m128i least = _mm_min_epu8(_mm_min_epu8(block[0], block[1]), _mm_min_epu8(block[2], block[3]));
+        if ((_mm_movemask_epi8(any) | _mm_movemask_epi8(_mm_cmpeq_epi8(least, nul))) != 0)
+            return false;
+        std::uint64_t crs = 0, feeds = 0;
+        for (int k = 0; k < 4; ++k) {
+            crs |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block[k], cr)))) << (16 * k);
+            feeds |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block[k], lf)))) << (16 * k);
+        }
+        // Every LF right after a CR and every CR right before an LF.
+        if ((crs << 1 | (afterCr ? 1u : 0u)) != feeds)
+            return false;
+        afterCr = (crs >> 63) != 0;
+        for (; feeds != 0; feeds &= feeds - 1)
+            lineFeed(i + static_cast<std::size_t>(__builtin_ctzll(feeds)));
+    }
+#endif
+    for (; i < size; ++i) {
+        const unsigned char c = static_cast<unsigned char>(data[i]);
+        if (c == 0 || c >= 0x80 || (c == '\n') != afterCr)
+            return false;
+        afterCr = c == '\r';
+        if (c == '\n')
+            lineFeed(i);
+    }
+    return !afterCr && (size == 0 || data[size - 1] == '\n');
+}
+
+// A file's lines as bytes. UTF-8 as the tool writes it is taken over as it was read; other line
+// ends, a BOM, or a line whose bytes a save would write otherwise (damaged UTF-8 the decoder
+// lets through) make a copy as the lines' save would write it; other encodings are decoded.
+TextFileRead ReadTextLinesKept(const wxString& path, TextLines& lines, std::size_t maxLines, bool cut)
+{
+    ByteBuffer bytes;
+    const TextFileRead read = ReadBytes(path, bytes);
+    if (read != TextFileRead::Read)
+        return read;
+    TextLines kept;
+    std::size_t count = 0;
+    std::size_t cutAt = 0;
+    if (FindCrLfLines(bytes, maxLines, count, cutAt)) {
+        if (count > maxLines) {
+            if (!cut)
+                return TextFileRead::Refused;
+            count = maxLines;
+            bytes.resize(cutAt);
+        }
+        kept.Adopt(std::move(bytes), count);
+        lines.swap(kept);
+        return TextFileRead::Read;
+    }
+    const TextStart start = FindTextStart(bytes);
+    if (start.other) {
+        KeptText sink(kept, maxLines, cut);
+        if (!SplitOtherEncoding(bytes, sink))
+            return TextFileRead::Refused;
+        lines.swap(kept);
+        return TextFileRead::Read;
+    }
+    const char* const begin = bytes.data() + start.from;
+    const char* const end = bytes.data() + bytes.size();
+    const bool ascii = start.ascii;
+    // A line with bytes above 0x7F: its text, when its save writes other bytes than it holds.
+    std::string saved;
+    const auto savedOtherwise = [&saved](const char* line, std::size_t length) {
+        if (IsAscii(line, length))
+            return false;
+        saved.clear();
+        return !AppendUtf8Line(saved, Utf8LineText(line, length)) || std::string_view(saved) != std::string_view(line, length);
+    };
+    bool asRead = start.from == 0;
+    bool over = false;
+    count = 0;
+    cutAt = 0;
+    ForEachUtf8Line(begin, end, [&](const char* line, std::size_t length, bool crLf) {
+        if (count == maxLines) {
+            over = true;
+            return false;
+        }
+        asRead = asRead && crLf && (ascii || !savedOtherwise(line, length));
+        ++count;
+        cutAt = static_cast<std::size_t>(line - begin) + length + 2;
+        return true;
+    });
+    if (over && !cut)
+        return TextFileRead::Refused;
+    if (asRead) {
+        bytes.resize(cutAt);
+        kept.Adopt(std::move(bytes), count);
+    } else {
+        count = 0;
+        ForEachUtf8Line(begin, end, [&](const char* line, std::size_t length, bool) {
+            if (count++ == maxLines)
+                return false;
+            if (IsAscii(line, length))
+                kept.Add(std::string_view(line, length));
+            else
+                kept.Add(Utf8LineText(line, length));
+            return true;
+        });
+    }
+    lines.swap(kept);
+    return TextFileRead::Read;
 }
 
 // The file a save writes: a symbolic link is followed to the file it names, so the link stays.
@@ -304,56 +488,104 @@ wxString SystemReason()
     return code != 0 ? wxString(wxSysErrorMsgStr(code)) : wxString("the file could not be written whole");
 }
 
-// Writes the bytes into a new file beside the target, flushes it to the disk and then puts it in
-// the old one's place: a save cut short (a crash, a killed process, a full disk) leaves the old
-// file as it was. Whatever the old file held, readable or not, is replaced whole.
-bool WriteFileBytes(const wxString& path, const std::string& bytes, wxString* reason)
+// Writes the bytes as one save: see TextFileSave.
+bool WriteFileBytes(const wxString& path, std::string_view bytes, wxString* reason)
 {
-    wxLogNull quiet;
-    const wxString target = SaveTarget(path);
-    RemoveLeftSavings(target);
-    const wxString stem = target + kSavingInfix + wxString::Format("%lu-", wxGetProcessId());
-    wxFile file;
-    wxString temporary;
-    wxString why;
-    for (int attempt = 0; attempt < 100 && !file.IsOpened(); ++attempt) {
-        temporary = stem + wxString::Format("%d", attempt);
-        if (file.Create(temporary, false, wxPOSIX_USER_READ | wxPOSIX_USER_WRITE))
-            break;
-        why = SystemReason();  // before anything else sets the error
-        if (!wxFileExists(temporary))
-            break;
-    }
-    if (!file.IsOpened()) {
-        if (reason != nullptr)
-            *reason = why;
-        return false;
-    }
-    std::size_t written = 0;
-    while (written < bytes.size()) {
-        const std::size_t count = file.Write(bytes.data() + written, bytes.size() - written);
-        if (count == 0)
-            break;
-        written += count;
-    }
-    bool saved = written == bytes.size() && file.Flush();
-    why = saved ? wxString() : SystemReason();
-    saved = file.Close() && saved;
-    if (saved) {
-        TakeMode(temporary, target);
-        saved = ReplaceFile(temporary, target);
-    }
-    if (saved)
-        return true;
-    if (why.empty())
-        why = SystemReason();
-    if (reason != nullptr)
-        *reason = why;
-    wxRemoveFile(temporary);
-    return false;
+    TextFileSave file(path);
+    file.Write(bytes);
+    return file.Finish(reason);
 }
 
 }  // namespace
+
+// Writes into a new file beside the target, flushes it to the disk and then puts it in the old
+// one's place: a save cut short (a crash, a killed process, a full disk) leaves the old file as it
+// was. Whatever the old file held, readable or not, is replaced whole.
+TextFileSave::TextFileSave(const wxString& path)
+{
+    wxLogNull quiet;
+    target_ = SaveTarget(path);
+    RemoveLeftSavings(target_);
+    const wxString stem = target_ + kSavingInfix + wxString::Format("%lu-", wxGetProcessId());
+    for (int attempt = 0; attempt < 100 && !file_.IsOpened(); ++attempt) {
+        temporary_ = stem + wxString::Format("%d", attempt);
+        if (file_.Create(temporary_, false, wxPOSIX_USER_READ | wxPOSIX_USER_WRITE))
+            break;
+        why_ = SystemReason();  // before anything else sets the error
+        if (!wxFileExists(temporary_))
+            break;
+    }
+    failed_ = !file_.IsOpened();
+    if (failed_)
+        temporary_.clear();
+}
+
+TextFileSave::~TextFileSave()
+{
+    if (temporary_.empty())
+        return;
+    wxLogNull quiet;
+    if (file_.IsOpened())
+        file_.Close();
+    wxRemoveFile(temporary_);
+}
+
+void TextFileSave::Write(std::string_view bytes)
+{
+    constexpr std::size_t kPiece = 64 * 1024;
+    if (pending_.size() + bytes.size() <= kPiece) {
+        pending_.append(bytes);
+        return;
+    }
+    WritePiece(pending_);
+    pending_.clear();
+    if (bytes.size() < kPiece)
+        pending_.append(bytes);
+    else
+        WritePiece(bytes);
+}
+
+void TextFileSave::WritePiece(std::string_view bytes)
+{
+    wxLogNull quiet;
+    std::size_t written = 0;
+    while (!failed_ && written < bytes.size()) {
+        const std::size_t count = file_.Write(bytes.data() + written, bytes.size() - written);
+        if (count == 0) {
+            failed_ = true;
+            why_ = SystemReason();
+        }
+        written += count;
+    }
+}
+
+bool TextFileSave::Finish(wxString* reason)
+{
+    wxLogNull quiet;
+    WritePiece(pending_);
+    pending_.clear();
+    bool saved = !failed_ && file_.Flush();
+    if (!failed_)
+        why_ = saved ? wxString() : SystemReason();
+    if (file_.IsOpened())
+        saved = file_.Close() && saved;
+    if (saved) {
+        TakeMode(temporary_, target_);
+        saved = ReplaceFile(temporary_, target_);
+    }
+    if (saved) {
+        temporary_.clear();
+        return true;
+    }
+    if (why_.empty())
+        why_ = SystemReason();
+    if (reason != nullptr)
+        *reason = why_;
+    if (!temporary_.empty())
+        wxRemoveFile(temporary_);
+    temporary_.clear();
+    return false;
+}
 
 TextFileRead ReadTextFile(const wxString& path, const std::function<void(const wxString&)>& line)
 {
@@ -371,22 +603,31 @@ TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_
     return result;
 }
 
-TextFileRead ReadFirstTextLines(const wxString& path, wxArrayString& lines, std::size_t maxLines)
+TextFileRead ReadTextFile(const wxString& path, TextLines& lines, std::size_t maxLines)
 {
-    wxArrayString read;
-    const TextFileRead result = ReadTextFile(path, [&read, maxLines](const wxString& line) {
-        if (read.size() < maxLines)
-            read.Add(line);
-    });
-    if (result == TextFileRead::Read)
-        lines.swap(read);
-    return result;
+    return ReadTextLinesKept(path, lines, maxLines, false);
+}
+
+TextFileRead ReadFirstTextLines(const wxString& path, TextLines& lines, std::size_t maxLines)
+{
+    return ReadTextLinesKept(path, lines, maxLines, true);
 }
 
 bool ReadTextLines(const wxString& path, wxArrayString& lines)
 {
     return ReadTextFile(path, lines) == TextFileRead::Read;
 }
+
+bool ReadTextLines(const wxString& path, TextLines& lines)
+{
+    return ReadTextFile(path, lines) == TextFileRead::Read;
+}
+
+namespace {
+
+const char kNoUtf8Form[] = "a character has no UTF-8 form";
+
+}  // namespace
 
 bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason)
 {
@@ -401,27 +642,23 @@ bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* 
     if (!lines.empty() && !lines[0].empty() && lines[0][0] == wxUniChar(0xFEFF))
         text = "\xEF\xBB\xBF";
     for (const wxString& line : lines) {
-        const wxStringCharType* const chars = line.wx_str();
-        const std::size_t length = line.length();
-        const std::size_t at = text.size();
-        text.resize(at + length);
-        unsigned long high = 0;  // gathered over the line: one pass, no branch per character
-        for (std::size_t c = 0; c < length; ++c) {
-            high |= static_cast<unsigned long>(chars[c]);
-            text[at + c] = static_cast<char>(chars[c]);
-        }
-        if (high >= 0x80) {
-            // Fails, as encoding the whole text did, for a character with no UTF-8 form.
-            const std::size_t bytes = wxConvUTF8.FromWChar(nullptr, 0, line.wc_str(), length);
-            if (bytes == wxCONV_FAILED) {
-                if (reason != nullptr)
-                    *reason = "a character has no UTF-8 form";
-                return false;
-            }
-            text.resize(at + bytes);
-            wxConvUTF8.FromWChar(&text[at], bytes, line.wc_str(), length);
+        // Fails, as encoding the whole text did, for a character with no UTF-8 form.
+        if (!AppendUtf8Line(text, line)) {
+            if (reason != nullptr)
+                *reason = kNoUtf8Form;
+            return false;
         }
         text += "\r\n";
     }
     return WriteFileBytes(path, text, reason);
+}
+
+bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason)
+{
+    if (!lines.Savable()) {
+        if (reason != nullptr)
+            *reason = kNoUtf8Form;
+        return false;
+    }
+    return WriteFileBytes(path, lines.Bytes(), reason);
 }

@@ -1,16 +1,21 @@
 // Whole text files, line by line: the one way the tool reads and writes its text files.
 #pragma once
 
+#include "project/text_lines.h"
+
 #include <wx/arrstr.h>
+#include <wx/file.h>
 #include <wx/string.h>
 
 #include <cstddef>
 #include <functional>
+#include <string>
+#include <string_view>
 
 // The largest text file the tool reads: four times the largest map file (65,536 lines), far more
 // than any project, map or device type file holds. A larger file is refused as unreadable, so
-// that a damaged or wrong file cannot take the memory of the machine (reading takes about
-// eighteen times the file's size).
+// that a damaged or wrong file cannot take the memory of the machine (a file that is not UTF-8 is
+// decoded whole, about five times its size).
 constexpr unsigned long long kMaxTextFileBytes = 16ull << 20;
 
 // The most lines a file read whole into memory may hold: the largest map the gateway takes. Only
@@ -31,11 +36,17 @@ TextFileRead ReadTextFile(const wxString& path, const std::function<void(const w
 // `maxLines`; otherwise (and when it cannot be read) `lines` stays as it was.
 TextFileRead ReadTextFile(const wxString& path, wxArrayString& lines, std::size_t maxLines = kMaxTextFileLines);
 
+// The same into lines kept as bytes (a map): a file as the tool writes it (UTF-8, every line
+// ended by CR LF) is kept as it was read, without a copy; any other is kept as saving its lines
+// would write it. Memory: the file's size and 8 bytes a line.
+TextFileRead ReadTextFile(const wxString& path, TextLines& lines, std::size_t maxLines = kMaxTextFileLines);
+
 // The same for a file a tool printed: its first `maxLines` lines are kept, the rest read and dropped.
-TextFileRead ReadFirstTextLines(const wxString& path, wxArrayString& lines, std::size_t maxLines = kMaxTextFileLines);
+TextFileRead ReadFirstTextLines(const wxString& path, TextLines& lines, std::size_t maxLines = kMaxTextFileLines);
 
 // ReadTextFile(path, lines) == TextFileRead::Read.
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
+bool ReadTextLines(const wxString& path, TextLines& lines);
 
 // Writes the lines in UTF-8 (with a BOM only when the first line starts with U+FEFF, so that it
 // reads back whole), each ended with CR LF on every platform, so that files made on Linux are
@@ -46,3 +57,31 @@ bool ReadTextLines(const wxString& path, wxArrayString& lines);
 // file cannot be written (the old one then stays as it was), `reason` then giving the system's
 // words for why ("No space left on device").
 bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason = nullptr);
+// The same for lines kept as bytes: their bytes are written as they are.
+bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason = nullptr);
+
+// A file saved as WriteTextLines saves it, its bytes handed over piece by piece: written beside
+// the file (as FILE.saving-PID-N), flushed to the disk and put in the file's place by Finish.
+// Destroyed unfinished, it removes its temporary file and leaves the old one as it was.
+class TextFileSave {
+public:
+    explicit TextFileSave(const wxString& path);
+    ~TextFileSave();
+    TextFileSave(const TextFileSave&) = delete;
+    TextFileSave& operator=(const TextFileSave&) = delete;
+
+    // Small pieces are gathered and written 64 KiB at a time; a large one is written at once.
+    void Write(std::string_view bytes);
+    // False when the file could not be written whole, `reason` then giving the system's words.
+    bool Finish(wxString* reason = nullptr);
+
+private:
+    void WritePiece(std::string_view bytes);
+
+    wxString target_;
+    wxString temporary_;
+    wxFile file_;
+    std::string pending_;
+    bool failed_ = false;
+    wxString why_;  // the system's words for the first failure
+};

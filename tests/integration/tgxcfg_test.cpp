@@ -184,7 +184,7 @@ TEST_F(Tgxcfg, ExportMapChoosesTheLayoutByTheFileName)
     wxCopyFile(dir.path + "/boiler_house.prj", dir.path + "/edges.prj");
     Write("edges.mbd", Lines({" HOLDING , 40001 ,ABCD, FLOAT ,FT101_PV,Feedwater flow, 2 ",
                            "HOLDING,40003,ABCD,FLOAT,PT102_PV,Drum pressure, bar,2",
-                           "HOLDING,1,AB,UINT16,A_VERY_LONG_TAG_NAME_X,Desc,1", "COIL,1"}));
+                           "HOLDING,1,AB,UINT16,A_VERY_LONG_TAG_NAME_X,Desc,1", "COIL,1", "HOLDING,5,AB,FLOAT,T\u00C9,D\u00E9s,2"}));
     wxArrayString csv = Lines({"SECTION,ADDRESS,BYTE_ORDER,TYPE,TAGNANE,DESCRIPTION,REG_COUNT"});
     WX_APPEND_ARRAY(csv, Read("edges.mbd"));
     const wxArrayString table = Lines({"Modbus Register Map", "-------------------", "",
@@ -196,7 +196,9 @@ TEST_F(Tgxcfg, ExportMapChoosesTheLayoutByTheFileName)
         // Wider than its column: not cut, the rest of the row moves along.
         "HOLDING  1        UINT16  1          AB     A_VERY_LONG_TAG_NAME_X  Desc",
         // The fields a short line lacks are written empty.
-        "COIL     1                                                        "});
+        "COIL     1                                                        ",
+        // Widths count characters, not bytes.
+        "HOLDING  5        FLOAT   2          AB     T\u00C9                    D\u00E9s"});
     const struct {
         const char* file;
         const wxArrayString& lines;

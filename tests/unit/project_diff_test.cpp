@@ -54,8 +54,14 @@ TEST(ProjectDiff, NamesEachDifferenceByIdentityNotSlot)
         {"command replaced", false, [](Project& p) { p.devices[0].commands[0] = {9, {}, 0, 1, 0, 1}; },
             Lines({"device at poll address 0 command 3 removed: INTERVAL 1, POLLED 1, WRITE 0, ARGUMENTS []",
                 "device at poll address 0 command 9 added: INTERVAL 1, POLLED 0, WRITE 1, ARGUMENTS []"})},
-        {"map", false, [](Project& p) { p.modbusMapLines[1] = "HOLDING,40003,ABCD,FLOAT,PV,Drum,2"; },
+        {"map", false,
+            [](Project& p) { p.modbusMapLines = Lines({"HOLDING,40001,ABCD,FLOAT,PV,Flow,2", "HOLDING,40003,ABCD,FLOAT,PV,Drum,2"}); },
             Lines({"map HOLDING,40003: HOLDING,40003,ABCD,FLOAT,PV,Pressure,2 -> HOLDING,40003,ABCD,FLOAT,PV,Drum,2"})},
+        // The n-th line of a key is paired with the n-th of that key; a line without a comma has an empty address.
+        {"map lines", false,
+            [](Project& p) { p.modbusMapLines = Lines({"HOLDING,40003,ABCD,FLOAT,PV,Pressure,2", "HOLDING,40003,X", "COIL"}); },
+            Lines({"map HOLDING,40001 removed: HOLDING,40001,ABCD,FLOAT,PV,Flow,2", "map HOLDING,40003 added: HOLDING,40003,X",
+                "map COIL, added: COIL"})},
         {"multiplexer", true,
             [](Project& p) {
                 std::swap(p.devices[0], p.devices[1]);

@@ -145,7 +145,8 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         std::string bytes;
         int lines;  // -1: refused as unreadable
         const wchar_t* first = nullptr;  // the first line's text, where it matters
-    } cases[] = {{"empty", "", 0}, {"LF line ends", "A\nB\n", 2}, {"CR LF, no final line end", "A\r\nB", 2},
+    } cases[] = {{"empty", "", 0}, {"as the tool writes it", "A,1\r\n\r\nB\r\n", 3}, {"LF line ends", "A\nB\n", 2},
+        {"CR LF, no final line end", "A\r\nB", 2}, {"damaged UTF-8 the decoder takes", "\xE0\x80\x80\xC3\xA9\r\n", 1},
         {"UTF-16 with BOM", std::string("\xFF\xFE" "D\0E\0V\0\r\0\n\0", 12), 1}, {"a megabyte line", std::string(1 << 20, 'x'), 1},
         {"UTF-8 with its BOM, lone CRs only", "\xEF\xBB\xBF" "caf\xC3\xA9\rB\r", 2, L"caf\u00E9"},
         {"not UTF-8 after a UTF-8 line: all read as Latin-1", "\xC3\xA9\ncaf\xE9\n", 2, L"\u00C3\u00A9"},
@@ -160,7 +161,18 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
         EXPECT_EQ(read, c.lines < 0 ? TextFileRead::Refused : TextFileRead::Read);
         EXPECT_EQ(static_cast<int>(lines.size()), std::max(c.lines, 0));
         EXPECT_TRUE(c.first == nullptr || (!lines.empty() && lines[0] == c.first));
+        // Kept as bytes (a map): the same lines, as saving them writes them.
+        TextLines kept = Lines({"kept"});
+        EXPECT_TRUE(ReadTextFile(path, kept) == read && (read != TextFileRead::Read || (kept == TextLines(lines) && kept.size() == lines.size())));
     }
+    // A map a tool printed keeps its first lines; a line holding CR LF counts as the lines it reads back as.
+    std::string printed;
+    for (std::size_t i = 0; i <= kMaxTextFileLines; ++i)
+        printed += "L\r\n";
+    wxFile(path, wxFile::write).Write(printed.data(), printed.size());
+    TextLines first;
+    EXPECT_TRUE(ReadFirstTextLines(path, first) == TextFileRead::Read && first.Bytes() == printed.substr(3));
+    EXPECT_EQ(TextLines(Lines({"A\r\nB", "C"})).size(), 3u);
     // Not there is not the same as there but unreadable; a file with no lines is no project.
     wxArrayString lines;
     EXPECT_EQ(ReadTextFile(dir.path + "/missing.prj", lines), TextFileRead::Missing);

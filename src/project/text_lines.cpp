@@ -1,0 +1,80 @@
+#include "project/text_lines.h"
+
+#include "project/unicode_text.h"
+
+#include <wx/strconv.h>
+
+TextLines::TextLines(const wxArrayString& lines)
+{
+    for (const wxString& line : lines)
+        Add(line);
+}
+
+wxString Utf8Text(std::string_view utf8)
+{
+    return wxString::FromUTF8(utf8.data(), utf8.size());
+}
+
+void TextLines::Add(std::string_view utf8)
+{
+    for (std::size_t at = utf8.find("\r\n"); at != std::string_view::npos; at = utf8.find("\r\n", at + 2))
+        ++count_;
+    bytes_.insert(bytes_.end(), utf8.begin(), utf8.end());
+    bytes_.push_back('\r');
+    bytes_.push_back('\n');
+    ++count_;
+}
+
+void TextLines::Add(const wxString& line)
+{
+    std::string utf8;
+    if (!AppendUtf8Line(utf8, line)) {
+        savable_ = false;
+        utf8 = Utf8Bytes(line);
+    }
+    Add(std::string_view(utf8));
+}
+
+void TextLines::Clear()
+{
+    bytes_.clear();
+    count_ = 0;
+    savable_ = true;
+}
+
+void TextLines::swap(TextLines& other) noexcept
+{
+    bytes_.swap(other.bytes_);
+    std::swap(count_, other.count_);
+    std::swap(savable_, other.savable_);
+}
+
+void TextLines::Adopt(ByteBuffer&& bytes, std::size_t count)
+{
+    bytes_ = std::move(bytes);
+    count_ = count;
+    savable_ = true;
+}
+
+bool AppendUtf8Line(std::string& out, const wxString& line)
+{
+    const wxStringCharType* const chars = line.wx_str();
+    const std::size_t length = line.length();
+    const std::size_t at = out.size();
+    out.resize(at + length);
+    unsigned long high = 0;  // gathered over the line: one pass, no branch per character
+    for (std::size_t c = 0; c < length; ++c) {
+        high |= static_cast<unsigned long>(chars[c]);
+        out[at + c] = static_cast<char>(chars[c]);
+    }
+    if (high < 0x80)
+        return true;
+    const std::size_t bytes = wxConvUTF8.FromWChar(nullptr, 0, line.wc_str(), length);
+    if (bytes == wxCONV_FAILED) {
+        out.resize(at);
+        return false;
+    }
+    out.resize(at + bytes);
+    wxConvUTF8.FromWChar(&out[at], bytes, line.wc_str(), length);
+    return true;
+}
