@@ -1,0 +1,78 @@
+# The programs' sources, relative to src/, in one place: the main build and the fuzz build
+# (fuzz/CMakeLists.txt) both take their lists from here.
+
+# The logic: plain C++ on wxBase and the three ports.
+set(TGX_CORE_SOURCES
+  app/conflict_check.cpp
+  app/device_type_table.cpp
+  app/installation_environment.cpp
+  app/small_commands.cpp
+  app/startup.cpp
+  deploy/config_generator.cpp
+  deploy/configure_device.cpp
+  deploy/device_tools.cpp
+  deploy/firmware_update.cpp
+  deploy/maintenance_commands.cpp
+  deploy/tool_command.cpp
+  deploy/installation_turn.cpp
+  deploy/tool_runner.cpp
+  deploy/captured_output.cpp
+  platform/com_port_scan.cpp
+  platform/process_locks.cpp
+  platform/posix_platform.cpp
+  platform/windows_platform.cpp
+  project/project.cpp
+  project/device_list.cpp
+  project/command_list.cpp
+  project/panel_view.cpp
+  project/number_text.cpp
+  project/project_file.cpp
+  project/project_commands.cpp
+  project/device_editing.cpp
+  project/command_editing.cpp
+  project/load_from_device.cpp
+  project/private_folder.cpp
+  modbus/automatic_map.cpp
+  modbus/map_export.cpp
+  modbus/map_chain.cpp
+  modbus/map_editing.cpp
+  modbus/map_export_command.cpp
+  modbus/map_import.cpp
+  modbus/map_modes.cpp
+  project/project_check.cpp
+  project/project_diff.cpp
+  project/text_file.cpp
+  project/text_lines.cpp
+  project/unicode_text.cpp
+  remote/options_editing.cpp
+  remote/remote_com_port.cpp
+  mux/mux_scan.cpp
+  mux/mux_rebuild.cpp
+)
+
+# The desktop program's windows: humble views over the logic.
+set(TGX_DESKTOP_SOURCES
+  ui/main_frame_base.cpp
+  ui/main_frame.cpp
+  ui/desktop_tool_runner.cpp
+  ui/wx_user_interface.cpp
+  ui/about_box.cpp
+  project/device_dialog.cpp
+  project/cmd_dialog.cpp
+  project/dialog_layout.cpp
+  remote/options_dialog.cpp
+  remote/remote_dialog.cpp
+  mux/scan_dialog.cpp
+  mux/mux_scan_frame.cpp
+  mux/mux_rebuild_dialog.cpp
+)
+
+# tgxcfg: the tool without its window.
+set(TGX_CLI_SOURCES
+  cli/tgxcfg_main.cpp
+  cli/command_line.cpp
+  cli/console_user_interface.cpp
+  cli/cli_commands.cpp
+  cli/mux_cli_commands.cpp
+  cli/cli_json.cpp
+)
