@@ -3,6 +3,7 @@
 // same bytes to the same files. ttbuild is not run: this is the writer alone.
 #include "deploy/config_generator.h"
 #include "fakes/test_context.h"
+#include "project/project.h"
 
 #include <benchmark/benchmark.h>
 #include <wx/ffile.h>

@@ -1,10 +1,12 @@
 // Configure's own time: the whole workflow on the boiler-house example, with the real tool
 // runner starting the gateway simulator's tools, minus the wall time spent inside those tools.
 // The interface answers as a user would and records the closing one-second pause, not waiting it.
-#include "app/app_context.h"
+#include "base/app_context.h"
+#include "platform/wx_tool_runner.h"
 #include "app/startup.h"
 #include "deploy/configure_device.h"
 #include "fakes/scripted_user_interface.h"
+#include "project/project.h"
 #include "project/project_commands.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 // Benchmarks of the work the tool repeats: reading the device types at every start and
 // working out the panel after every edit of a full project.
-#include "app/device_type_table.h"
+#include "base/device_type_table.h"
 #include "project/panel_view.h"
 #include "project/project.h"
 

@@ -1,6 +1,7 @@
 // Load and save of the largest project (16 devices x 50 commands, a 65,536-line map) as Load from
 // Disk and Save do them, against reading and writing the same bytes plainly.
 #include "fakes/test_context.h"
+#include "project/project.h"
 #include "project/project_commands.h"
 #include "project/project_file.h"
 

@@ -4,8 +4,8 @@
 # The logic: plain C++ on wxBase and the three ports.
 set(TGX_CORE_SOURCES
   app/conflict_check.cpp
-  app/device_type_table.cpp
-  app/installation_environment.cpp
+  base/device_type_table.cpp
+  base/installation_environment.cpp
   app/small_commands.cpp
   app/startup.cpp
   deploy/config_generator.cpp
@@ -13,19 +13,19 @@ set(TGX_CORE_SOURCES
   deploy/device_tools.cpp
   deploy/firmware_update.cpp
   deploy/maintenance_commands.cpp
-  deploy/tool_command.cpp
+  base/tool_command.cpp
   deploy/installation_turn.cpp
-  deploy/tool_runner.cpp
-  deploy/captured_output.cpp
+  platform/wx_tool_runner.cpp
+  platform/captured_output.cpp
   platform/com_port_scan.cpp
-  platform/process_locks.cpp
+  base/process_locks.cpp
   platform/posix_platform.cpp
   platform/windows_platform.cpp
   project/project.cpp
   project/device_list.cpp
   project/command_list.cpp
   project/panel_view.cpp
-  project/number_text.cpp
+  base/number_text.cpp
   project/project_file.cpp
   project/project_commands.cpp
   project/device_editing.cpp
@@ -41,9 +41,9 @@ set(TGX_CORE_SOURCES
   modbus/map_modes.cpp
   project/project_check.cpp
   project/project_diff.cpp
-  project/text_file.cpp
-  project/text_lines.cpp
-  project/unicode_text.cpp
+  base/text_file.cpp
+  base/text_lines.cpp
+  base/unicode_text.cpp
   remote/options_editing.cpp
   remote/remote_com_port.cpp
   mux/mux_scan.cpp

@@ -4,8 +4,8 @@
 // no line end; a UTF-8 output gives the lines ReadTextFile gives for the same bytes.
 // captured_flood_fuzz.cpp builds this with CAPTURED_FLOOD: the input repeated beyond the limits.
 #include "fuzz_support.h"
-#include "project/text_file.h"
-#include "project/unicode_text.h"
+#include "base/text_file.h"
+#include "base/unicode_text.h"
 
 #include <algorithm>
 #include <random>

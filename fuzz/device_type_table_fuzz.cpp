@@ -1,6 +1,6 @@
 // ct.cfg read as start-up reads it (LoadDeviceTypeTable: the file line by line), then every cell
 // the device dialog and the generator take: each a whole text, never cut inside a character.
-#include "app/device_type_table.h"
+#include "base/device_type_table.h"
 #include "fuzz_support.h"
 
 #include <cstring>

@@ -2,7 +2,7 @@
 // captured output gives, or as a file for the readers of files; and how a broken promise aborts.
 #pragma once
 
-#include "deploy/captured_output.h"
+#include "platform/captured_output.h"
 
 #include <wx/arrstr.h>
 #include <wx/init.h>

@@ -9,7 +9,7 @@
 #include "fakes/scripted_tool_runner.h"
 #include "fakes/scripted_user_interface.h"
 #include "fuzz_support.h"
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "project/command_list.h"
 #include "project/device_list.h"

@@ -3,8 +3,8 @@
 // lines when the whole read takes the file; a refused read leaves the lines as they were; every
 // line has no line end and can be encoded. ReadFirstTextLines keeps the first lines of the same.
 #include "fuzz_support.h"
-#include "project/text_file.h"
-#include "project/unicode_text.h"
+#include "base/text_file.h"
+#include "base/unicode_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -1,6 +1,9 @@
 // Makes wx types readable in test failures and easy to write in tables.
 #pragma once
 
+#include "project/project.h"
+
+
 #include <gtest/gtest.h>
 #include <wx/arrstr.h>
 #include <wx/dir.h>

@@ -1,7 +1,7 @@
 // The simulated map editor's window (tgxsim-mbedit MAP.mbd): the map as a grid of its seven
 // fields, rows to add and delete, saved back to the file on "Save and close". The simulated
 // mbedit starts it when it has a display and no scripted edit, and waits until it is closed.
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/app.h>
 #include <wx/button.h>

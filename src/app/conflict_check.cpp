@@ -1,6 +1,6 @@
 #include "app/conflict_check.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 
 bool ListingNamesConflict(const wxArrayString& lines)
 {

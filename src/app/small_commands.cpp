@@ -1,6 +1,6 @@
 #include "app/small_commands.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/device_tools.h"
 
 wxString AboutDescription(const InstallationEnvironment& env)

@@ -1,6 +1,7 @@
 #include "app/startup.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
+#include "project/project.h"
 
 #include <wx/intl.h>
 

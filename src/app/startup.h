@@ -2,7 +2,7 @@
 // read the device types, load the default project and announce the versions.
 #pragma once
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 
 struct AppContext;
 struct DeviceTypeTable;

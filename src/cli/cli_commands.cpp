@@ -1,6 +1,7 @@
 #include "cli/cli_commands.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
+#include "platform/wx_tool_runner.h"
 #include "app/startup.h"
 #include "deploy/config_generator.h"
 #include "deploy/configure_device.h"
@@ -23,7 +24,7 @@
 #include "project/project_commands.h"
 #include "project/project_diff.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/filefn.h>
 #include <wx/filename.h>

@@ -1,7 +1,7 @@
 #include "cli/cli_json.h"
 
 #include "project/project_file.h"
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,7 +2,7 @@
 // keys are only ever added).
 #pragma once
 
-#include "app/installation_environment.h"
+#include "base/installation_environment.h"
 #include "deploy/configure_device.h"
 #include "project/project.h"
 #include "project/project_check.h"

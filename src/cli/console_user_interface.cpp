@@ -1,6 +1,6 @@
 #include "cli/console_user_interface.h"
 
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
 
 void WriteLine(std::ostream& stream, const wxString& text)
 {

@@ -1,10 +1,11 @@
 #include "cli/mux_cli_commands.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "cli/console_user_interface.h"
 #include "deploy/device_tools.h"
 #include "mux/mux_rebuild.h"
 #include "mux/mux_scan.h"
+#include "project/project.h"
 #include "project/project_file.h"
 #include "remote/remote_com_port.h"
 

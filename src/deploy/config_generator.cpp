@@ -1,7 +1,8 @@
 #include "deploy/config_generator.h"
 
-#include "app/app_context.h"
-#include "project/text_file.h"
+#include "base/app_context.h"
+#include "base/text_file.h"
+#include "project/project.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

@@ -3,7 +3,7 @@
 // Modbus map beside it, then runs ttbuild, which expands them into the files uploaded to the gateway.
 #pragma once
 
-#include "deploy/tool_command.h"
+#include "base/tool_command.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>

@@ -1,9 +1,10 @@
 #include "deploy/configure_device.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
+#include "project/project.h"
 #include "project/project_file.h"
 
 const char* const kTagNamePrompt = "Enter a Tagname for this TG7";

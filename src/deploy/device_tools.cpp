@@ -1,7 +1,7 @@
 #include "deploy/device_tools.h"
 
-#include "app/app_context.h"
-#include "project/text_file.h"
+#include "base/app_context.h"
+#include "base/text_file.h"
 
 const char* const kTargetAddressPrompt = "Enter device IP address or domain name";
 

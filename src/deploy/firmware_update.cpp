@@ -1,11 +1,12 @@
 #include "deploy/firmware_update.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
+#include "project/project.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/filefn.h>
 #include <wx/filename.h>

@@ -1,6 +1,6 @@
 #include "deploy/installation_turn.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 
 #include <wx/filename.h>
 

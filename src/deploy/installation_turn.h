@@ -8,7 +8,7 @@
 // of one run are one turn.
 #pragma once
 
-#include "platform/process_locks.h"
+#include "base/process_locks.h"
 
 #include <memory>
 

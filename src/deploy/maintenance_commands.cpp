@@ -1,6 +1,6 @@
 #include "deploy/maintenance_commands.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/device_tools.h"
 
 #include <wx/filefn.h>

@@ -1,11 +1,12 @@
 #include "modbus/automatic_map.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
 #include "modbus/map_chain.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
+#include "project/project.h"
 
 void GenerateAutomaticMap(AppContext& ctx)
 {

@@ -1,8 +1,9 @@
 #include "modbus/map_chain.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/device_tools.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
+#include "project/project.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

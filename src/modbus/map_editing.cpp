@@ -1,12 +1,13 @@
 #include "modbus/map_editing.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
 #include "modbus/map_chain.h"
+#include "project/project.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

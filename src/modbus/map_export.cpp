@@ -1,7 +1,7 @@
 #include "modbus/map_export.h"
 
-#include "project/text_file.h"
-#include "project/unicode_text.h"
+#include "base/text_file.h"
+#include "base/unicode_text.h"
 
 #include <wx/arrstr.h>
 

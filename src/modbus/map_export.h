@@ -2,7 +2,7 @@
 // table for reading and printing, made line by line: no copy of the whole export is held.
 #pragma once
 
-#include "project/text_lines.h"
+#include "base/text_lines.h"
 
 #include <wx/string.h>
 

@@ -1,9 +1,10 @@
 #include "modbus/map_export_command.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "modbus/map_chain.h"
 #include "modbus/map_export.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
+#include "project/project.h"
 
 void ExportModbusMap(AppContext& ctx)
 {

@@ -1,7 +1,8 @@
 #include "modbus/map_modes.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "modbus/map_chain.h"
+#include "project/project.h"
 #include "project/project_file.h"
 
 bool SwitchMapMode(AppContext& ctx, bool toAutomatic, bool itemWasUnchecked)

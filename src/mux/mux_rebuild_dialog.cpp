@@ -1,6 +1,6 @@
 #include "mux/mux_rebuild_dialog.h"
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 #include "mux/mux_rebuild.h"
 #include "project/dialog_layout.h"
 

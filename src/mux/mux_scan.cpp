@@ -1,10 +1,11 @@
 #include "mux/mux_scan.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
+#include "project/project.h"
 #include "project/project_file.h"
 #include "remote/remote_com_port.h"
 

@@ -3,7 +3,7 @@
 // become the project's.
 #pragma once
 
-#include "mux/mux_scan_window.h"
+#include "base/mux_scan_window.h"
 
 #include <wx/arrstr.h>
 

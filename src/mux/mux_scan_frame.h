@@ -3,7 +3,7 @@
 // the Scan command.
 #pragma once
 
-#include "mux/mux_scan_window.h"
+#include "base/mux_scan_window.h"
 
 #include <wx/button.h>
 #include <wx/frame.h>

@@ -1,6 +1,6 @@
 #include "mux/scan_dialog.h"
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 #include "mux/mux_scan.h"
 #include "project/dialog_layout.h"
 #include "project/project.h"

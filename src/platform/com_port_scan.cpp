@@ -1,6 +1,6 @@
 #include "platform/com_port_scan.h"
 
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/utils.h>
 

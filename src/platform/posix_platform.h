@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/com_port_scan.h"
-#include "platform/platform.h"
+#include "base/platform.h"
 
 class PosixPlatform : public Platform {
 public:

@@ -2,7 +2,7 @@
 // installed-software listings, CreateFileW for the free COM names, cmd.exe for redirections.
 #pragma once
 
-#include "platform/platform.h"
+#include "base/platform.h"
 
 class WindowsPlatform : public Platform {
 public:

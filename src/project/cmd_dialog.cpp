@@ -1,6 +1,6 @@
 #include "project/cmd_dialog.h"
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 #include "project/dialog_layout.h"
 
 guiCmdDialog::guiCmdDialog(wxWindow* parent, wxWindowID id, const wxString& title, const wxPoint& pos,

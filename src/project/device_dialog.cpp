@@ -1,6 +1,6 @@
 #include "project/device_dialog.h"
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 #include "project/dialog_layout.h"
 
 guiDeviceDialog::guiDeviceDialog(wxWindow* parent, wxWindowID id, const wxString& title, const wxPoint& pos,

@@ -1,7 +1,8 @@
 #include "project/device_editing.h"
 
-#include "app/app_context.h"
-#include "project/number_text.h"
+#include "base/app_context.h"
+#include "base/number_text.h"
+#include "project/project.h"
 
 #include <cstring>
 

@@ -1,10 +1,11 @@
 #include "project/load_from_device.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/device_tools.h"
 #include "project/private_folder.h"
+#include "project/project.h"
 #include "project/project_commands.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 void LoadProjectFromDevice(AppContext& ctx)
 {

@@ -3,7 +3,8 @@
 // nothing is allocated per device or per command.
 #pragma once
 
-#include "project/text_lines.h"
+#include "base/text_lines.h"
+#include "base/unicode_text.h"
 
 #include <wx/arrstr.h>
 #include <wx/filename.h>
@@ -88,15 +89,5 @@ struct Project {
 void LoadDefaultProject(Project& project);
 // Defaults of the empty multiplexer project that the multiplexer scan starts from.
 void LoadMuxEmptyDefaults(Project& project);
-
-// Copies text into a fixed field, cut to the field's size (never inside a UTF-8 sequence).
-void SetText(char* field, std::size_t size, const wxString& text);
-template <std::size_t N>
-void SetText(char (&field)[N], const wxString& text)
-{
-    SetText(field, N, text);
-}
-// The text of a fixed field.
-wxString GetText(const char* field);
 
 bool IsMultiplexerMode(const Project& project);

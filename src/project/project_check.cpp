@@ -1,12 +1,12 @@
 #include "project/project_check.h"
 
-#include "app/device_type_table.h"
+#include "base/device_type_table.h"
 #include "deploy/configure_device.h"
-#include "project/number_text.h"
+#include "base/number_text.h"
 #include "project/panel_view.h"
 #include "project/project.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <algorithm>
 #include <iterator>

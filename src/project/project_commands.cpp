@@ -1,9 +1,10 @@
 #include "project/project_commands.h"
 
-#include "app/app_context.h"
-#include "project/number_text.h"
+#include "base/app_context.h"
+#include "base/number_text.h"
+#include "project/project.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "project/project_file.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "modbus/automatic_map.h"
-#include "project/number_text.h"
+#include "base/number_text.h"
 #include "project/project.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "project/version.h"
 
 #include <wx/filename.h>

@@ -2,7 +2,7 @@
 // versions of the tool exchange, and the Modbus map file (*.mbd) beside it.
 #pragma once
 
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>

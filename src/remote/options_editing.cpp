@@ -1,6 +1,7 @@
 #include "remote/options_editing.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
+#include "project/project.h"
 
 #include <algorithm>
 #include <climits>

@@ -1,8 +1,9 @@
 #include "remote/remote_com_port.h"
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "deploy/installation_turn.h"
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
+#include "project/project.h"
 
 #include <wx/log.h>
 

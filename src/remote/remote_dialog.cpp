@@ -1,6 +1,6 @@
 #include "remote/remote_dialog.h"
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 #include "project/dialog_layout.h"
 
 #include <wx/button.h>

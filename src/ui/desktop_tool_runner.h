@@ -2,7 +2,7 @@
 // (repaint, no "not responding") but take no input, so no second command can start.
 #pragma once
 
-#include "deploy/tool_runner.h"
+#include "platform/wx_tool_runner.h"
 
 class DesktopToolRunner : public WxToolRunner {
 public:

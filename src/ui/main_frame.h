@@ -2,7 +2,7 @@
 // the logic in a line or two.
 #pragma once
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "ui/main_frame_base.h"
 #include "ui/wx_user_interface.h"
 

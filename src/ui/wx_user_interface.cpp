@@ -4,7 +4,7 @@
 #include "project/device_dialog.h"
 #include "project/dialog_layout.h"
 #include "mux/mux_rebuild_dialog.h"
-#include "mux/mux_scan_window.h"
+#include "base/mux_scan_window.h"
 #include "mux/scan_dialog.h"
 #include "remote/options_dialog.h"
 #include "remote/remote_dialog.h"

@@ -2,7 +2,7 @@
 // main window's panel and status bar.
 #pragma once
 
-#include "app/user_interface.h"
+#include "base/user_interface.h"
 
 #include <memory>
 

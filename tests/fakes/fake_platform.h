@@ -2,7 +2,7 @@
 // behaviour (backslash joins, PowerShell listings, cmd.exe redirections) can be exercised anywhere.
 #pragma once
 
-#include "platform/platform.h"
+#include "base/platform.h"
 
 #include <map>
 #include <utility>

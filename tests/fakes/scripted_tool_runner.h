@@ -1,7 +1,7 @@
 // A ToolRunner that returns scripted exit codes and lines and records every run.
 #pragma once
 
-#include "deploy/tool_runner.h"
+#include "base/tool_runner.h"
 #include "wx_test_support.h"
 
 #include <deque>

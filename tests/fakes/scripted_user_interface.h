@@ -1,8 +1,8 @@
 // A UserInterface that answers from a script and records everything it was shown.
 #pragma once
 
-#include "app/user_interface.h"
-#include "mux/mux_scan_window.h"
+#include "base/user_interface.h"
+#include "base/mux_scan_window.h"
 
 #include <deque>
 #include <functional>

@@ -1,10 +1,11 @@
 // An AppContext over scripted ports and fresh records, for workflow tests.
 #pragma once
 
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "fakes/fake_platform.h"
 #include "fakes/scripted_tool_runner.h"
 #include "fakes/scripted_user_interface.h"
+#include "project/project.h"
 
 struct TestContext {
     Project project;

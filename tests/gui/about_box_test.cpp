@@ -1,4 +1,4 @@
-#include "app/installation_environment.h"
+#include "base/installation_environment.h"
 #include "gui_support.h"
 #include "ui/about_box.h"
 

@@ -3,7 +3,7 @@
 #include "gui_support.h"
 #include "platform/posix_platform.h"
 #include "project/project_commands.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "ui/main_frame.h"
 #include "wx_test_support.h"
 

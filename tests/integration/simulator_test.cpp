@@ -4,9 +4,9 @@
 // included), and the admin commands (set, reset), are proven by the workflow tests that use them.
 // Each tool is started by name from PATH, a process of its own, all sharing one scratch state
 // folder.
-#include "deploy/captured_output.h"
-#include "deploy/tool_runner.h"
-#include "project/text_file.h"
+#include "platform/captured_output.h"
+#include "platform/wx_tool_runner.h"
+#include "base/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 

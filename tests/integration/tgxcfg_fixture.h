@@ -3,8 +3,8 @@
 // (gateway/), with the simulator's tools first on PATH.
 #pragma once
 
-#include "deploy/tool_command.h"
-#include "project/text_file.h"
+#include "base/tool_command.h"
+#include "base/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 

@@ -1,7 +1,7 @@
 // A save killed at any moment leaves the project file and its map file each whole: the old one or
 // the new one, byte for byte.
 #ifndef _WIN32
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "unit/temp_dir.h"
 #include "wx_test_support.h"
 

@@ -1,6 +1,7 @@
 #include "deploy/config_generator.h"
 #include "fakes/test_context.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
+#include "project/project.h"
 #include "temp_dir.h"
 
 #include "wx_test_support.h"

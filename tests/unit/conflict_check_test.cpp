@@ -1,4 +1,4 @@
-#include "app/app_context.h"
+#include "base/app_context.h"
 #include "app/conflict_check.h"
 #include "fakes/test_context.h"
 

@@ -1,5 +1,6 @@
 #include "fakes/test_context.h"
 #include "project/device_editing.h"
+#include "project/project.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "app/device_type_table.h"
+#include "base/device_type_table.h"
 #include "temp_dir.h"
 
 #include "wx_test_support.h"

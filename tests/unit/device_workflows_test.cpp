@@ -2,8 +2,9 @@
 #include "deploy/device_tools.h"
 #include "fakes/test_context.h"
 #include "project/load_from_device.h"
+#include "project/project.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "temp_dir.h"
 #include "wx_test_support.h"
 

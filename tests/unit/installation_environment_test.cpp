@@ -1,5 +1,5 @@
 // Read through the fake registry here; tests/unit/windows_platform_test.cpp reads the real one.
-#include "app/installation_environment.h"
+#include "base/installation_environment.h"
 #include "fakes/fake_platform.h"
 
 #include "wx_test_support.h"

@@ -4,6 +4,7 @@
 #include "deploy/firmware_update.h"
 #include "deploy/maintenance_commands.h"
 #include "fakes/test_context.h"
+#include "project/project.h"
 #include "project/project_file.h"
 #include "remote/options_editing.h"
 #include "temp_dir.h"

@@ -3,8 +3,9 @@
 #include "modbus/map_export_command.h"
 #include "modbus/map_import.h"
 #include "modbus/map_modes.h"
+#include "project/project.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "temp_dir.h"
 #include "wx_test_support.h"
 

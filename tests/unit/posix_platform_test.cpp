@@ -2,10 +2,10 @@
 
 #ifndef __WINDOWS__
 
-#include "app/installation_environment.h"
-#include "deploy/tool_runner.h"
+#include "base/installation_environment.h"
+#include "platform/wx_tool_runner.h"
 #include "platform/posix_platform.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "temp_dir.h"
 
 #include <gtest/gtest.h>

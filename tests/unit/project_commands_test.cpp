@@ -1,7 +1,8 @@
 #include "fakes/test_context.h"
+#include "project/project.h"
 #include "project/project_commands.h"
 #include "project/project_file.h"
-#include "project/text_file.h"
+#include "base/text_file.h"
 #include "temp_dir.h"
 #include "wx_test_support.h"
 

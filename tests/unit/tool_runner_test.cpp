@@ -1,4 +1,4 @@
-#include "deploy/tool_runner.h"
+#include "platform/wx_tool_runner.h"
 
 #include "wx_test_support.h"
 

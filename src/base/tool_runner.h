@@ -2,13 +2,10 @@
 // calls wxExecute; tests script it or run the gateway simulator through the real one.
 #pragma once
 
-#include "deploy/tool_command.h"
+#include "base/tool_command.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>
-
-class wxProcess;
-struct wxExecuteEnv;
 
 enum class RunMode { Captured, BlockingHidden, Detached };
 
@@ -28,16 +25,3 @@ public:
     // Sets a variable in the environment that the tools inherit.
     virtual void SetEnvironment(const wxString& name, const wxString& value) = 0;
 };
-
-class WxToolRunner : public ToolRunner {
-public:
-    long RunCaptured(const ToolCommand& command, wxArrayString& output) override;
-    long RunBlockingHidden(const ToolCommand& command) override;
-    long RunDetached(const ToolCommand& command) override;
-    bool SetWorkingDirectory(const wxString& directory) override;
-    void SetEnvironment(const wxString& name, const wxString& value) override;
-};
-
-// wxExecute for a tool command: an argument vector where the system passes one (POSIX), the
-// command line that the program splits back into the same arguments elsewhere (Windows).
-long ExecuteTool(const ToolCommand& command, int flags, wxProcess* process = nullptr, const wxExecuteEnv* env = nullptr);

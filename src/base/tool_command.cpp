@@ -1,4 +1,4 @@
-#include "deploy/tool_command.h"
+#include "base/tool_command.h"
 
 namespace {
 

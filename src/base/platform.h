@@ -4,8 +4,8 @@
 // which platform it runs on.
 #pragma once
 
-#include "deploy/tool_command.h"
-#include "platform/process_locks.h"
+#include "base/tool_command.h"
+#include "base/process_locks.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>

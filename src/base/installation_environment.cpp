@@ -1,6 +1,6 @@
-#include "app/installation_environment.h"
+#include "base/installation_environment.h"
 
-#include "platform/platform.h"
+#include "base/platform.h"
 
 const char* const kSuiteRegistryKey = "Software\\TARN SYSTEMS LTD\\TGx Software Suite";
 const char* const kConnectRegistryKey = "Software\\TARN SYSTEMS LTD\\TGx Connect";

@@ -2,13 +2,15 @@
 // target, the device types and the three ports.
 #pragma once
 
-#include "app/device_type_table.h"
-#include "app/installation_environment.h"
-#include "app/target_address.h"
-#include "app/user_interface.h"
-#include "deploy/tool_runner.h"
-#include "platform/platform.h"
-#include "project/project.h"
+#include "base/device_type_table.h"
+#include "base/installation_environment.h"
+#include "base/target_address.h"
+#include "base/user_interface.h"
+#include "base/tool_runner.h"
+#include "base/platform.h"
+
+// The model lives in the project room above; the context only refers to it.
+struct Project;
 
 struct AppContext {
     Project& project;

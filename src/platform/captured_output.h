@@ -3,7 +3,7 @@
 // blocks on a full pipe and a tool printing without end cannot take the machine's memory.
 #pragma once
 
-#include "deploy/tool_command.h"
+#include "base/tool_command.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>

@@ -3,7 +3,7 @@
 // configuration generator includes for that type.
 #pragma once
 
-#include "project/text_file.h"
+#include "base/text_file.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>

@@ -1,8 +1,8 @@
-#include "app/device_type_table.h"
+#include "base/device_type_table.h"
 
-#include "app/installation_environment.h"
+#include "base/installation_environment.h"
+#include "base/text_file.h"
 #include "project/project.h"
-#include "project/text_file.h"
 
 #include <wx/filename.h>
 #include <wx/tokenzr.h>

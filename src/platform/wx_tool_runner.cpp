@@ -1,6 +1,6 @@
-#include "deploy/tool_runner.h"
+#include "platform/wx_tool_runner.h"
 
-#include "deploy/captured_output.h"
+#include "platform/captured_output.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

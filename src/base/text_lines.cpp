@@ -1,6 +1,6 @@
-#include "project/text_lines.h"
+#include "base/text_lines.h"
 
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
 
 #include <wx/strconv.h>
 

@@ -1,4 +1,7 @@
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
+
+#include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -31,4 +34,24 @@ wxString EncodableText(const wxString& text)
 std::string Utf8Bytes(const wxString& text)
 {
     return EncodableText(text).utf8_string();
+}
+
+void SetText(char* field, std::size_t size, const wxString& text)
+{
+    if (size == 0)
+        return;
+    // A value from a damaged file may hold characters without a UTF-8 form: they are replaced.
+    const std::string utf8 = Utf8Bytes(text);
+    std::size_t length = std::min(utf8.length(), size - 1);
+    // Step back over continuation bytes so that a cut never splits a character.
+    if (length < utf8.length())
+        while (length > 0 && (static_cast<unsigned char>(utf8.data()[length]) & 0xC0) == 0x80)
+            --length;
+    std::memcpy(field, utf8.data(), length);
+    std::memset(field + length, 0, size - length);
+}
+
+wxString GetText(const char* field)
+{
+    return wxString::FromUTF8(field);
 }

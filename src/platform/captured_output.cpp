@@ -1,7 +1,7 @@
-#include "deploy/captured_output.h"
+#include "platform/captured_output.h"
 
-#include "deploy/tool_runner.h"
-#include "project/unicode_text.h"
+#include "platform/wx_tool_runner.h"
+#include "base/unicode_text.h"
 
 #include <wx/app.h>
 #include <wx/apptrait.h>

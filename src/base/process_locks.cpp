@@ -1,4 +1,4 @@
-#include "platform/process_locks.h"
+#include "base/process_locks.h"
 
 #ifdef __WINDOWS__
 #include <wx/msw/wrapwin.h>

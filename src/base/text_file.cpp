@@ -1,6 +1,6 @@
-#include "project/text_file.h"
+#include "base/text_file.h"
 
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
 
 #include <wx/file.h>
 #include <wx/filefn.h>

@@ -1,7 +1,7 @@
 // Whole text files, line by line: the one way the tool reads and writes its text files.
 #pragma once
 
-#include "project/text_lines.h"
+#include "base/text_lines.h"
 
 #include <wx/arrstr.h>
 #include <wx/file.h>

@@ -3,6 +3,7 @@
 
 #include <wx/string.h>
 
+#include <cstddef>
 #include <string>
 
 // The text with every character that has no UTF-8 form replaced by U+FFFD. The decoders let
@@ -12,3 +13,13 @@ wxString EncodableText(const wxString& text);
 
 // The text as UTF-8 bytes, characters without a UTF-8 form replaced as above.
 std::string Utf8Bytes(const wxString& text);
+
+// Copies text into a fixed field, cut to the field's size (never inside a UTF-8 sequence).
+void SetText(char* field, std::size_t size, const wxString& text);
+template <std::size_t N>
+void SetText(char (&field)[N], const wxString& text)
+{
+    SetText(field, N, text);
+}
+// The text of a fixed field.
+wxString GetText(const char* field);

@@ -1,6 +1,6 @@
-#include "project/number_text.h"
+#include "base/number_text.h"
 
-#include "project/unicode_text.h"
+#include "base/unicode_text.h"
 
 #include <cerrno>
 #include <climits>
