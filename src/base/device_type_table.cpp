@@ -2,7 +2,7 @@
 
 #include "base/installation_environment.h"
 #include "base/text_file.h"
-#include "project/project.h"
+#include "base/unicode_text.h"
 
 #include <wx/filename.h>
 #include <wx/tokenzr.h>
