@@ -7,7 +7,8 @@
 #include "deploy/configure_device.h"
 #include "fakes/scripted_user_interface.h"
 #include "project/project.h"
-#include "project/project_commands.h"
+#include "commands/project_commands.h"
+#include "project/project_file.h"
 
 #include <benchmark/benchmark.h>
 #include <wx/dir.h>

@@ -9,6 +9,7 @@ set(TGX_CORE_SOURCES
   app/small_commands.cpp
   app/startup.cpp
   deploy/config_generator.cpp
+  deploy/project_save.cpp
   deploy/configure_device.cpp
   deploy/device_tools.cpp
   deploy/firmware_update.cpp
@@ -27,14 +28,14 @@ set(TGX_CORE_SOURCES
   project/panel_view.cpp
   base/number_text.cpp
   project/project_file.cpp
-  project/project_commands.cpp
-  project/device_editing.cpp
-  project/command_editing.cpp
-  project/load_from_device.cpp
-  project/private_folder.cpp
-  modbus/automatic_map.cpp
+  commands/project_commands.cpp
+  commands/device_editing.cpp
+  commands/command_editing.cpp
+  deploy/load_from_device.cpp
+  deploy/private_folder.cpp
+  deploy/automatic_map.cpp
   modbus/map_export.cpp
-  modbus/map_chain.cpp
+  deploy/map_chain.cpp
   modbus/map_editing.cpp
   modbus/map_export_command.cpp
   modbus/map_import.cpp
@@ -57,9 +58,9 @@ set(TGX_DESKTOP_SOURCES
   ui/desktop_tool_runner.cpp
   ui/wx_user_interface.cpp
   ui/about_box.cpp
-  project/device_dialog.cpp
-  project/cmd_dialog.cpp
-  project/dialog_layout.cpp
+  ui/device_dialog.cpp
+  ui/cmd_dialog.cpp
+  ui/dialog_layout.cpp
   remote/options_dialog.cpp
   remote/remote_dialog.cpp
   mux/scan_dialog.cpp

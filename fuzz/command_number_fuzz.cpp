@@ -1,6 +1,6 @@
 // The command dialog's typed Command Number ("48:1,2,3") and Interval, cut at a NUL byte.
 #include "fuzz_support.h"
-#include "project/command_editing.h"
+#include "commands/command_editing.h"
 #include "project/project.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)

@@ -5,6 +5,7 @@
 // the .mbd's; without the separator there is no map file. Not met here, the inputs being small:
 // a map near the 16 MB a read takes may grow past them saved in UTF-8 (Latin-1 or UTF-16 text,
 // LF ends made CR LF), and the next load refuses it.
+#include "deploy/project_save.h"
 #include "fakes/fake_platform.h"
 #include "fakes/scripted_tool_runner.h"
 #include "fakes/scripted_user_interface.h"
@@ -15,7 +16,7 @@
 #include "project/device_list.h"
 #include "project/panel_view.h"
 #include "project/project_check.h"
-#include "project/project_commands.h"
+#include "commands/project_commands.h"
 #include "project/project_diff.h"
 #include "project/project_file.h"
 

@@ -3,6 +3,7 @@
 #include "base/app_context.h"
 #include "cli/console_user_interface.h"
 #include "deploy/device_tools.h"
+#include "deploy/project_save.h"
 #include "mux/mux_rebuild.h"
 #include "mux/mux_scan.h"
 #include "project/project.h"

@@ -4,11 +4,11 @@
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
 
 const char* const kTagNamePrompt = "Enter a Tagname for this TG7";
-const char* const kTagCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890";
 
 namespace {
 

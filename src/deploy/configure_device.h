@@ -7,11 +7,8 @@
 
 struct AppContext;
 
-// The gateway's tag name: Configure asks for it with this prompt, accepts only these characters
-// and keeps at most the first kGatewayTagLength of them.
+// Configure asks for the gateway's tag name with this prompt (kTagCharacters, kGatewayTagLength).
 extern const char* const kTagNamePrompt;
-extern const char* const kTagCharacters;
-constexpr size_t kGatewayTagLength = 8;
 
 // Checks, saves, verifies the gateway's firmware, builds, uploads and restarts; every failure
 // is one message and the end of the command. True only when the gateway was configured (the

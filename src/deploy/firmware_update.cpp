@@ -4,6 +4,7 @@
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
 #include "base/text_file.h"

@@ -1,7 +1,7 @@
 #include "modbus/map_export_command.h"
 
 #include "base/app_context.h"
-#include "modbus/map_chain.h"
+#include "deploy/map_chain.h"
 #include "modbus/map_export.h"
 #include "base/text_file.h"
 #include "project/project.h"

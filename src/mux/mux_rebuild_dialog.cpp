@@ -2,7 +2,7 @@
 
 #include "base/user_interface.h"
 #include "mux/mux_rebuild.h"
-#include "project/dialog_layout.h"
+#include "ui/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

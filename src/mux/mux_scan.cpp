@@ -5,6 +5,7 @@
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
 #include "remote/remote_com_port.h"

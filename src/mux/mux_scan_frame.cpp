@@ -2,7 +2,7 @@
 
 #include "mux/mux_rebuild.h"
 #include "mux/mux_scan.h"
-#include "project/dialog_layout.h"
+#include "ui/dialog_layout.h"
 
 #include <wx/sizer.h>
 

@@ -6,6 +6,7 @@
 #include <cstring>
 
 const char* const kDefaultTimeServer = "pool.ntp.org";
+const char* const kTagCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz1234567890";
 
 
 namespace {

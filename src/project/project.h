@@ -26,6 +26,10 @@ constexpr int MAX_COMMAND_ARGS = 8;
 constexpr std::size_t kTextFieldSize = 64;
 constexpr std::size_t kLongAddressSize = 21;
 
+// The gateway's tag name: only these characters, at most the first kGatewayTagLength of them.
+extern const char* const kTagCharacters;
+constexpr std::size_t kGatewayTagLength = 8;
+
 // Time server used when a project names none.
 extern const char* const kDefaultTimeServer;
 

@@ -1,7 +1,6 @@
 #include "project/project_check.h"
 
 #include "base/device_type_table.h"
-#include "deploy/configure_device.h"
 #include "base/number_text.h"
 #include "project/panel_view.h"
 #include "project/project.h"

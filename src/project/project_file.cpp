@@ -1,7 +1,6 @@
 #include "project/project_file.h"
 
 #include "base/app_context.h"
-#include "modbus/automatic_map.h"
 #include "base/number_text.h"
 #include "project/project.h"
 #include "base/text_file.h"
@@ -134,12 +133,13 @@ bool WriteSavedFile(AppContext& ctx, const wxString& path, const TextLines& line
 
 }  // namespace
 
-bool SaveProject(AppContext& ctx, const wxString& path)
+bool WriteProjectFile(AppContext& ctx, const wxString& path)
 {
-    if (!WriteSavedFile(ctx, path, ProjectFileText(ctx.project)))
-        return false;
-    if (ctx.project.automaticModbusMap == 1)
-        GenerateAutomaticMap(ctx);
+    return WriteSavedFile(ctx, path, ProjectFileText(ctx.project));
+}
+
+bool WriteProjectMapFile(AppContext& ctx, const wxString& path)
+{
     if (!WriteSavedFile(ctx, MapFilePath(path), ctx.project.modbusMapLines))
         return false;
     ctx.project.projectSaved = 1;
@@ -461,4 +461,30 @@ wxArrayString ProjectSettingLines(const Project& project)
         if (!lines[i].empty())
             settings.Add(lines[i]);
     return settings;
+}
+
+ProjectReadResult ApplyProjectFile(AppContext& ctx, const wxString& path)
+{
+    // Read line by line: the defaults are laid down when the first line comes, so a file with no
+    // lines, like one that cannot be read, changes nothing.
+    Project& project = ctx.project;
+    ProjectLineReader reader;
+    bool first = true;
+    const TextFileRead read = ReadTextFile(path, [&](const wxString& line) {
+        if (first) {
+            LoadDefaultProject(project);
+            project.automaticModbusMap = 1;
+            ctx.ui.RefreshPanel();
+            first = false;
+        }
+        ParseProjectLine(project, line, reader);
+    });
+    if (read != TextFileRead::Read)
+        return ProjectReadResult::Unreadable;
+    if (first)
+        return ProjectReadResult::NoContent;
+    project.projectOpen = 1;
+    if (project.deviceCount > 0)
+        project.selectedDevice = 0;
+    return ProjectReadResult::Read;
 }

@@ -19,12 +19,13 @@ wxArrayString ProjectFileLines(const Project& project);
 // devices (DEVICE COUNT excluded).
 wxArrayString ProjectSettingLines(const Project& project);
 
-// Writes the project file at `path`, then (in automatic map mode) regenerates the map, then
-// writes the map file beside it, and marks the project saved. A file that cannot be written is
-// put to the interface at once ("Could not save FILE: REASON", ContinueAfterFailedSave): when it
-// lets the save go on, the rest is done as if it had been written; otherwise nothing more is done
-// and the result is false, so the workflow that saved stops.
-bool SaveProject(AppContext& ctx, const wxString& path);
+// The two writes of a save (the whole save, with the map regenerated in between in automatic
+// mode, is SaveProject's): the project file at `path`; the map file beside it, after which the
+// project is marked saved. A file that cannot be written is put to the interface at once ("Could
+// not save FILE: REASON", ContinueAfterFailedSave): when it lets the save go on, the write counts
+// as done; otherwise the result is false and the save stops there.
+bool WriteProjectFile(AppContext& ctx, const wxString& path);
+bool WriteProjectMapFile(AppContext& ctx, const wxString& path);
 
 // The reader's position, carried from line to line.
 struct ProjectLineReader {
@@ -49,3 +50,16 @@ wxString MapFilePath(const wxString& projectPath, const char* extension = "mbd")
 // read. Refused: the one there cannot be read (`refused` names it). Missing: neither is there.
 // Anything but Read leaves `lines` as they were.
 TextFileRead ReadProjectMap(const wxString& projectPath, TextLines& lines, wxString* refused = nullptr);
+
+// How reading a project file went. MapUnreadable: its map file is there but cannot be read.
+enum class ProjectReadResult { Read, Unreadable, NoContent, MapUnreadable };
+
+// Applies a project file to the project as a load does: defaults, automatic map, every line
+// through the reader, first device selected. Unreadable and NoContent (a file with no lines)
+// change nothing.
+ProjectReadResult ApplyProjectFile(AppContext& ctx, const wxString& path);
+
+// Load from Disk after its dialog and before its final save: the file applied as above, the file
+// becomes the project's file, and its map file (".mbd", else ".mb") is read. Anything but Read
+// changes nothing; MapUnreadable names the map file in `unreadableMap`.
+ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path, wxString* unreadableMap = nullptr);

@@ -1,7 +1,7 @@
 #include "remote/remote_dialog.h"
 
 #include "base/user_interface.h"
-#include "project/dialog_layout.h"
+#include "ui/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

@@ -1,7 +1,7 @@
 #include "ui/about_box.h"
 
 #include "app/small_commands.h"
-#include "project/dialog_layout.h"
+#include "ui/dialog_layout.h"
 #include "project/version.h"
 
 #include <wx/hyperlink.h>

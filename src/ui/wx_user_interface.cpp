@@ -1,8 +1,8 @@
 #include "ui/wx_user_interface.h"
 
-#include "project/cmd_dialog.h"
-#include "project/device_dialog.h"
-#include "project/dialog_layout.h"
+#include "ui/cmd_dialog.h"
+#include "ui/device_dialog.h"
+#include "ui/dialog_layout.h"
 #include "mux/mux_rebuild_dialog.h"
 #include "base/mux_scan_window.h"
 #include "mux/scan_dialog.h"

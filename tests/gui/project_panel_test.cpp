@@ -2,7 +2,7 @@
 #include "fakes/scripted_user_interface.h"
 #include "gui_support.h"
 #include "platform/posix_platform.h"
-#include "project/project_commands.h"
+#include "commands/project_commands.h"
 #include "base/text_file.h"
 #include "ui/main_frame.h"
 #include "wx_test_support.h"

@@ -1,5 +1,5 @@
 #include "fakes/test_context.h"
-#include "project/command_editing.h"
+#include "commands/command_editing.h"
 #include "project/project.h"
 #include "wx_test_support.h"
 

@@ -1,5 +1,5 @@
 #include "fakes/test_context.h"
-#include "project/device_editing.h"
+#include "commands/device_editing.h"
 #include "project/project.h"
 #include "wx_test_support.h"
 

@@ -1,7 +1,7 @@
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"
 #include "fakes/test_context.h"
-#include "project/load_from_device.h"
+#include "deploy/load_from_device.h"
 #include "project/project.h"
 #include "project/project_file.h"
 #include "base/text_file.h"

@@ -1,3 +1,4 @@
+#include "deploy/project_save.h"
 #include "fakes/test_context.h"
 #include "modbus/map_editing.h"
 #include "modbus/map_export_command.h"

@@ -1,6 +1,6 @@
 #include "fakes/test_context.h"
 #include "project/project.h"
-#include "project/project_commands.h"
+#include "commands/project_commands.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
 #include "temp_dir.h"

@@ -6,27 +6,11 @@
 
 struct AppContext;
 
-// Asks before unsaved edits are lost; true when the command may go on.
-bool ConfirmDiscardUnsaved(AppContext& ctx);
-
 void NewProject(AppContext& ctx);
 void LoadProjectFromDisk(AppContext& ctx);
 void SaveProjectCommand(AppContext& ctx);
 void SaveProjectAs(AppContext& ctx);
 void CloseProject(AppContext& ctx);
-
-// How reading a project file went. MapUnreadable: its map file is there but cannot be read.
-enum class ProjectReadResult { Read, Unreadable, NoContent, MapUnreadable };
-
-// Applies a project file to the project as a load does: defaults, automatic map, every line
-// through the reader, first device selected. Unreadable and NoContent (a file with no lines)
-// change nothing.
-ProjectReadResult ApplyProjectFile(AppContext& ctx, const wxString& path);
-
-// Load from Disk after its dialog and before its final save: the file applied as above, the file
-// becomes the project's file, and its map file (".mbd", else ".mb") is read. Anything but Read
-// changes nothing; MapUnreadable names the map file in `unreadableMap`.
-ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path, wxString* unreadableMap = nullptr);
 
 // What Load from Disk shows for a file with no lines.
 extern const char* const kNoContentMessage;

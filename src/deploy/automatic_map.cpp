@@ -1,10 +1,10 @@
-#include "modbus/automatic_map.h"
+#include "deploy/automatic_map.h"
 
 #include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
-#include "modbus/map_chain.h"
+#include "deploy/map_chain.h"
 #include "base/text_file.h"
 #include "project/project.h"
 

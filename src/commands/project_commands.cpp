@@ -1,7 +1,8 @@
-#include "project/project_commands.h"
+#include "commands/project_commands.h"
 
 #include "base/app_context.h"
 #include "base/number_text.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
@@ -42,14 +43,6 @@ int TypedInt(const wxString& text)
 
 }  // namespace
 
-bool ConfirmDiscardUnsaved(AppContext& ctx)
-{
-    if (ctx.project.projectSaved != 0)
-        return true;
-    return ctx.ui.AskYesNo(QuestionForm{
-        "The current project has not been saved and will be lost.\nAre you sure you wish to continue ?", "Warning"});
-}
-
 void NewProject(AppContext& ctx)
 {
     if (!ConfirmDiscardUnsaved(ctx))
@@ -63,32 +56,6 @@ void NewProject(AppContext& ctx)
     // The file and its map exist from the first moment.
     SaveProject(ctx, path);
     ctx.ui.RefreshPanel();
-}
-
-ProjectReadResult ApplyProjectFile(AppContext& ctx, const wxString& path)
-{
-    // Read line by line: the defaults are laid down when the first line comes, so a file with no
-    // lines, like one that cannot be read, changes nothing.
-    Project& project = ctx.project;
-    ProjectLineReader reader;
-    bool first = true;
-    const TextFileRead read = ReadTextFile(path, [&](const wxString& line) {
-        if (first) {
-            LoadDefaultProject(project);
-            project.automaticModbusMap = 1;
-            ctx.ui.RefreshPanel();
-            first = false;
-        }
-        ParseProjectLine(project, line, reader);
-    });
-    if (read != TextFileRead::Read)
-        return ProjectReadResult::Unreadable;
-    if (first)
-        return ProjectReadResult::NoContent;
-    project.projectOpen = 1;
-    if (project.deviceCount > 0)
-        project.selectedDevice = 0;
-    return ProjectReadResult::Read;
 }
 
 const char* const kNoContentMessage = "Invalid project file (no content)";

@@ -1,4 +1,4 @@
-#include "project/private_folder.h"
+#include "deploy/private_folder.h"
 
 #include <wx/filefn.h>
 #include <wx/filename.h>

@@ -1,4 +1,4 @@
-#include "modbus/map_chain.h"
+#include "deploy/map_chain.h"
 
 #include "base/app_context.h"
 #include "deploy/device_tools.h"

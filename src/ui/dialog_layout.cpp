@@ -1,4 +1,4 @@
-#include "project/dialog_layout.h"
+#include "ui/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>

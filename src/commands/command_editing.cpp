@@ -1,4 +1,4 @@
-#include "project/command_editing.h"
+#include "commands/command_editing.h"
 
 #include "base/app_context.h"
 #include "base/number_text.h"

@@ -1,4 +1,4 @@
-#include "project/device_editing.h"
+#include "commands/device_editing.h"
 
 #include "base/app_context.h"
 #include "base/number_text.h"
