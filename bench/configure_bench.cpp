@@ -3,7 +3,7 @@
 // The interface answers as a user would and records the closing one-second pause, not waiting it.
 #include "base/app_context.h"
 #include "platform/wx_tool_runner.h"
-#include "app/startup.h"
+#include "commands/startup.h"
 #include "deploy/configure_device.h"
 #include "fakes/scripted_user_interface.h"
 #include "project/project.h"

@@ -1,6 +1,6 @@
 // The floor for start-up: an empty frame of the main window's size, ended by the same hook as
 // `tgxconfig` with TGX_EXIT_WHEN_SHOWN set (scripts/bench.sh times both).
-#include "ui/exit_when_shown.h"
+#include "desktop/exit_when_shown.h"
 
 #include <wx/app.h>
 

@@ -4,7 +4,7 @@ find_program(TGX_IMAGEMAGICK_CONVERT convert)
 if(NOT TGX_IMAGEMAGICK_CONVERT)
   message(FATAL_ERROR "ImageMagick's convert is needed for the program icon (apt-get install imagemagick)")
 endif()
-set(TGX_ICON_XPM "${CMAKE_SOURCE_DIR}/src/ui/icon_program.xpm")
+set(TGX_ICON_XPM "${CMAKE_SOURCE_DIR}/src/desktop/icon_program.xpm")
 set(TGX_PROGRAM_ICO "${CMAKE_BINARY_DIR}/icons/icon_program.ico")
 set(TGX_PROGRAM_PNG "${CMAKE_BINARY_DIR}/icons/tgxconfig.png")
 # -strip: no time stamps in the files, so that a rebuild gives the same bytes.

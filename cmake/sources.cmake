@@ -3,11 +3,11 @@
 
 # The logic: plain C++ on wxBase and the three ports.
 set(TGX_CORE_SOURCES
-  app/conflict_check.cpp
+  commands/conflict_check.cpp
   base/device_type_table.cpp
   base/installation_environment.cpp
-  app/small_commands.cpp
-  app/startup.cpp
+  commands/small_commands.cpp
+  commands/startup.cpp
   deploy/config_generator.cpp
   deploy/project_save.cpp
   deploy/configure_device.cpp
@@ -53,19 +53,19 @@ set(TGX_CORE_SOURCES
 
 # The desktop program's windows: humble views over the logic.
 set(TGX_DESKTOP_SOURCES
-  ui/main_frame_base.cpp
-  ui/main_frame.cpp
-  ui/desktop_tool_runner.cpp
-  ui/wx_user_interface.cpp
-  ui/about_box.cpp
-  ui/device_dialog.cpp
-  ui/cmd_dialog.cpp
-  ui/dialog_layout.cpp
-  remote/options_dialog.cpp
-  remote/remote_dialog.cpp
-  mux/scan_dialog.cpp
-  mux/mux_scan_frame.cpp
-  mux/mux_rebuild_dialog.cpp
+  desktop/main_frame_base.cpp
+  desktop/main_frame.cpp
+  desktop/desktop_tool_runner.cpp
+  desktop/wx_user_interface.cpp
+  desktop/about_box.cpp
+  desktop/device_dialog.cpp
+  desktop/cmd_dialog.cpp
+  desktop/dialog_layout.cpp
+  desktop/options_dialog.cpp
+  desktop/remote_dialog.cpp
+  desktop/scan_dialog.cpp
+  desktop/mux_scan_frame.cpp
+  desktop/mux_rebuild_dialog.cpp
 )
 
 # tgxcfg: the tool without its window.

@@ -3,7 +3,7 @@
 #include "base/app_context.h"
 #include "deploy/project_save.h"
 #include "platform/wx_tool_runner.h"
-#include "app/startup.h"
+#include "commands/startup.h"
 #include "deploy/config_generator.h"
 #include "deploy/configure_device.h"
 #include "deploy/device_tools.h"

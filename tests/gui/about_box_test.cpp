@@ -1,6 +1,6 @@
 #include "base/installation_environment.h"
 #include "gui_support.h"
-#include "ui/about_box.h"
+#include "desktop/about_box.h"
 
 #include <gtest/gtest.h>
 

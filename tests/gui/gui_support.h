@@ -7,7 +7,7 @@
 #include <wx/utils.h>
 
 #include "fakes/scripted_user_interface.h"
-#include "ui/main_frame.h"
+#include "desktop/main_frame.h"
 #include "unit/temp_dir.h"
 
 #include <memory>

@@ -2,7 +2,7 @@
 #include "fakes/scripted_user_interface.h"
 #include "platform/posix_platform.h"
 #include "gui_support.h"
-#include "ui/main_frame.h"
+#include "desktop/main_frame.h"
 
 #include "wx_test_support.h"
 

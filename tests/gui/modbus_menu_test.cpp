@@ -3,7 +3,7 @@
 #include "gui_support.h"
 #include "platform/posix_platform.h"
 #include "project/project_file.h"
-#include "ui/main_frame.h"
+#include "desktop/main_frame.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "platform/posix_platform.h"
 #include "commands/project_commands.h"
 #include "base/text_file.h"
-#include "ui/main_frame.h"
+#include "desktop/main_frame.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "base/app_context.h"
-#include "app/conflict_check.h"
+#include "commands/conflict_check.h"
 #include "fakes/test_context.h"
 
 #include "wx_test_support.h"

@@ -1,6 +1,6 @@
 // Gateway maintenance against the scripted ports: Update Firmware, Upload Installers, Reboot,
 // Target > Options and the small commands of the Help and Target menus.
-#include "app/small_commands.h"
+#include "commands/small_commands.h"
 #include "deploy/firmware_update.h"
 #include "deploy/maintenance_commands.h"
 #include "fakes/test_context.h"

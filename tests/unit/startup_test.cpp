@@ -1,5 +1,5 @@
 #include "base/app_context.h"
-#include "app/startup.h"
+#include "commands/startup.h"
 #include "fakes/test_context.h"
 #include "temp_dir.h"
 

@@ -1,7 +1,7 @@
-#include "ui/cmd_dialog.h"
+#include "desktop/cmd_dialog.h"
 
 #include "base/user_interface.h"
-#include "ui/dialog_layout.h"
+#include "desktop/dialog_layout.h"
 
 guiCmdDialog::guiCmdDialog(wxWindow* parent, wxWindowID id, const wxString& title, const wxPoint& pos,
                            const wxSize& size, long style)

@@ -1,7 +1,7 @@
-#include "remote/remote_dialog.h"
+#include "desktop/remote_dialog.h"
 
 #include "base/user_interface.h"
-#include "ui/dialog_layout.h"
+#include "desktop/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

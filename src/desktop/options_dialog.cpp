@@ -1,7 +1,7 @@
-#include "remote/options_dialog.h"
+#include "desktop/options_dialog.h"
 
 #include "base/user_interface.h"
-#include "ui/dialog_layout.h"
+#include "desktop/dialog_layout.h"
 
 #include <wx/font.h>
 #include <wx/sizer.h>

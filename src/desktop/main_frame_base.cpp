@@ -1,4 +1,4 @@
-#include "ui/main_frame_base.h"
+#include "desktop/main_frame_base.h"
 
 #include "project/panel_view.h"
 #include "project/project.h"

@@ -1,7 +1,7 @@
-#include "ui/about_box.h"
+#include "desktop/about_box.h"
 
-#include "app/small_commands.h"
-#include "ui/dialog_layout.h"
+#include "commands/small_commands.h"
+#include "desktop/dialog_layout.h"
 #include "project/version.h"
 
 #include <wx/hyperlink.h>

@@ -1,4 +1,4 @@
-#include "app/small_commands.h"
+#include "commands/small_commands.h"
 
 #include "base/app_context.h"
 #include "deploy/device_tools.h"

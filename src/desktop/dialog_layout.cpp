@@ -1,4 +1,4 @@
-#include "ui/dialog_layout.h"
+#include "desktop/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>

@@ -1,4 +1,4 @@
-#include "app/startup.h"
+#include "commands/startup.h"
 
 #include "base/app_context.h"
 #include "project/project.h"

@@ -1,7 +1,7 @@
-#include "ui/main_frame.h"
+#include "desktop/main_frame.h"
 
-#include "app/small_commands.h"
-#include "app/startup.h"
+#include "commands/small_commands.h"
+#include "commands/startup.h"
 #include "deploy/configure_device.h"
 #include "deploy/project_save.h"
 #include "modbus/map_editing.h"
@@ -11,20 +11,20 @@
 #include "deploy/firmware_update.h"
 #include "deploy/maintenance_commands.h"
 #include "mux/mux_scan.h"
-#include "mux/mux_scan_frame.h"
+#include "desktop/mux_scan_frame.h"
 #include "remote/remote_com_port.h"
 #include "deploy/load_from_device.h"
 #include "commands/command_editing.h"
 #include "commands/device_editing.h"
 #include "commands/project_commands.h"
 #include "project/panel_view.h"
-#include "ui/desktop_tool_runner.h"
+#include "desktop/desktop_tool_runner.h"
 #include "remote/options_editing.h"
-#include "ui/about_box.h"
+#include "desktop/about_box.h"
 
 // Windows takes the icon from the program's resources (tgxconfig.rc), with its small size too.
 #ifndef wxHAS_IMAGES_IN_RESOURCES
-#include "ui/icon_program.xpm"
+#include "desktop/icon_program.xpm"
 #endif
 
 #include <wx/sizer.h>

@@ -1,14 +1,14 @@
-#include "ui/wx_user_interface.h"
+#include "desktop/wx_user_interface.h"
 
-#include "ui/cmd_dialog.h"
-#include "ui/device_dialog.h"
-#include "ui/dialog_layout.h"
-#include "mux/mux_rebuild_dialog.h"
+#include "desktop/cmd_dialog.h"
+#include "desktop/device_dialog.h"
+#include "desktop/dialog_layout.h"
+#include "desktop/mux_rebuild_dialog.h"
 #include "base/mux_scan_window.h"
-#include "mux/scan_dialog.h"
-#include "remote/options_dialog.h"
-#include "remote/remote_dialog.h"
-#include "ui/main_frame.h"
+#include "desktop/scan_dialog.h"
+#include "desktop/options_dialog.h"
+#include "desktop/remote_dialog.h"
+#include "desktop/main_frame.h"
 
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>

@@ -1,4 +1,4 @@
-#include "ui/desktop_tool_runner.h"
+#include "desktop/desktop_tool_runner.h"
 
 #include <wx/log.h>
 #include <wx/utils.h>

@@ -1,8 +1,8 @@
-#include "mux/mux_rebuild_dialog.h"
+#include "desktop/mux_rebuild_dialog.h"
 
 #include "base/user_interface.h"
 #include "mux/mux_rebuild.h"
-#include "ui/dialog_layout.h"
+#include "desktop/dialog_layout.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

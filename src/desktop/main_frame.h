@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/app_context.h"
-#include "ui/main_frame_base.h"
-#include "ui/wx_user_interface.h"
+#include "desktop/main_frame_base.h"
+#include "desktop/wx_user_interface.h"
 
 #include <functional>
 #include <memory>

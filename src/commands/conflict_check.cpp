@@ -1,4 +1,4 @@
-#include "app/conflict_check.h"
+#include "commands/conflict_check.h"
 
 #include "base/app_context.h"
 

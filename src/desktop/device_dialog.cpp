@@ -1,7 +1,7 @@
-#include "ui/device_dialog.h"
+#include "desktop/device_dialog.h"
 
 #include "base/user_interface.h"
-#include "ui/dialog_layout.h"
+#include "desktop/dialog_layout.h"
 
 guiDeviceDialog::guiDeviceDialog(wxWindow* parent, wxWindowID id, const wxString& title, const wxPoint& pos,
                                  const wxSize& size, long style)
