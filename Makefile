@@ -34,6 +34,11 @@ screenshots: build
 test-share:
 	@bash scripts/test-share.sh
 
+# The picture of the rooms and their includes in docs/ARCHITECTURE.md (Graphviz).
+.PHONY: rooms
+rooms:
+	@python3 scripts/check_rooms.py --svg docs/rooms.svg
+
 bench: build
 	@bash scripts/bench.sh $(BUILD)
 

@@ -1,54 +1,58 @@
 # The programs' sources, relative to src/, in one place: the main build and the fuzz build
 # (fuzz/CMakeLists.txt) both take their lists from here.
 
-# The logic: plain C++ on wxBase and the three ports.
-set(TGX_CORE_SOURCES
-  commands/conflict_check.cpp
+# The ground floor and the project: what reads, writes, checks and compares projects.
+set(TGX_PROJECT_SOURCES
   base/device_type_table.cpp
   base/installation_environment.cpp
-  commands/small_commands.cpp
-  commands/startup.cpp
+  base/number_text.cpp
+  base/process_locks.cpp
+  base/text_file.cpp
+  base/text_lines.cpp
+  base/tool_command.cpp
+  base/unicode_text.cpp
+  project/command_list.cpp
+  project/device_list.cpp
+  project/panel_view.cpp
+  project/project.cpp
+  project/project_check.cpp
+  project/project_diff.cpp
+  project/project_file.cpp
+)
+
+# The logic above them: the platforms, the workflows and the commands, on wxBase and the three ports.
+set(TGX_CORE_SOURCES
+  platform/captured_output.cpp
+  platform/com_port_scan.cpp
+  platform/posix_platform.cpp
+  platform/windows_platform.cpp
+  platform/wx_tool_runner.cpp
+  deploy/automatic_map.cpp
   deploy/config_generator.cpp
-  deploy/project_save.cpp
   deploy/configure_device.cpp
   deploy/device_tools.cpp
   deploy/firmware_update.cpp
-  deploy/maintenance_commands.cpp
-  base/tool_command.cpp
   deploy/installation_turn.cpp
-  platform/wx_tool_runner.cpp
-  platform/captured_output.cpp
-  platform/com_port_scan.cpp
-  base/process_locks.cpp
-  platform/posix_platform.cpp
-  platform/windows_platform.cpp
-  project/project.cpp
-  project/device_list.cpp
-  project/command_list.cpp
-  project/panel_view.cpp
-  base/number_text.cpp
-  project/project_file.cpp
-  commands/project_commands.cpp
-  commands/device_editing.cpp
-  commands/command_editing.cpp
   deploy/load_from_device.cpp
-  deploy/private_folder.cpp
-  deploy/automatic_map.cpp
-  modbus/map_export.cpp
+  deploy/maintenance_commands.cpp
   deploy/map_chain.cpp
+  deploy/private_folder.cpp
+  deploy/project_save.cpp
   modbus/map_editing.cpp
+  modbus/map_export.cpp
   modbus/map_export_command.cpp
   modbus/map_import.cpp
   modbus/map_modes.cpp
-  project/project_check.cpp
-  project/project_diff.cpp
-  base/text_file.cpp
-  base/text_lines.cpp
-  base/unicode_text.cpp
   remote/options_editing.cpp
   remote/remote_com_port.cpp
-  mux/mux_scan.cpp
   mux/mux_rebuild.cpp
+  mux/mux_scan.cpp
+  commands/command_editing.cpp
+  commands/conflict_check.cpp
+  commands/device_editing.cpp
+  commands/project_commands.cpp
+  commands/small_commands.cpp
+  commands/startup.cpp
 )
 
 # The desktop program's windows: humble views over the logic.

@@ -2,7 +2,7 @@
 # The benchmarks, then the figures users feel as ratios against their floor, one a line:
 #   bench: NAME = VALUE (aim <= AIM)
 # Start-up: tgxconfig on the embedded default of `make run` (scripts/run.sh sets it up) against
-# bench/empty_frame, both ended by TGX_EXIT_WHEN_SHOWN's hook (src/ui/exit_when_shown.h) on a
+# bench/empty_frame, both ended by TGX_EXIT_WHEN_SHOWN's hook (src/desktop/exit_when_shown.h) on a
 # private Xvfb display; RUNS runs of each, alternating, with their wall times and peak RSS.
 # Configure's own time: BM_ConfigureOwnTime, the workflow against the simulator minus its tools.
 # tgxcfg's whole commands on the largest project against their floors: bench/whole_commands.sh.

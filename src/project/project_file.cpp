@@ -488,3 +488,24 @@ ProjectReadResult ApplyProjectFile(AppContext& ctx, const wxString& path)
         project.selectedDevice = 0;
     return ProjectReadResult::Read;
 }
+
+ProjectReadResult ReadProjectFromDisk(AppContext& ctx, const wxString& path, wxString* unreadableMap)
+{
+    if (!wxFileExists(path))
+        return ProjectReadResult::Unreadable;
+    // A map file that is there but cannot be read is not taken for no map: the load stops before
+    // anything changes, so that nothing is saved over it.
+    TextLines map;
+    wxString refused;
+    if (ReadProjectMap(path, map, &refused) == TextFileRead::Refused) {
+        if (unreadableMap != nullptr)
+            *unreadableMap = refused;
+        return ProjectReadResult::MapUnreadable;
+    }
+    const ProjectReadResult read = ApplyProjectFile(ctx, path);
+    if (read != ProjectReadResult::Read)
+        return read;
+    ctx.project.projectFilePath.Assign(path);
+    ctx.project.modbusMapLines.swap(map);
+    return ProjectReadResult::Read;
+}

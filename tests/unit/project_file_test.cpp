@@ -1,7 +1,5 @@
-#include "deploy/project_save.h"
 #include "fakes/test_context.h"
 #include "project/project.h"
-#include "commands/project_commands.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
 #include "temp_dir.h"
@@ -73,13 +71,13 @@ TEST(ProjectFile, MaximalProjectRoundTripsToIdenticalBytes)
     first.project = MaximalProject();
     first.project.modbusMapLines = Lines({"HOLDING,40001,ABCD,FLOAT,PV,Primary value,2"});
     const wxString path = dir.path + "/max.prj";
-    SaveProject(first.ctx, path);
+    WriteProjectFile(first.ctx, path) && WriteProjectMapFile(first.ctx, path);  // a user-defined map is saved as it is
 
     TestContext second;
     ASSERT_EQ(ReadProjectFromDisk(second.ctx, path), ProjectReadResult::Read);
     second.project.automaticModbusMap = first.project.automaticModbusMap;  // a load forces it on
     const wxString again = dir.path + "/again.prj";
-    SaveProject(second.ctx, again);
+    WriteProjectFile(second.ctx, again) && WriteProjectMapFile(second.ctx, again);
 
     const wxString bytes = FileBytes(path);
     EXPECT_EQ(bytes, FileBytes(again));
