@@ -489,9 +489,9 @@ wxString SystemReason()
 }
 
 // Writes the bytes as one save: see TextFileSave.
-bool WriteFileBytes(const wxString& path, std::string_view bytes, wxString* reason)
+bool WriteFileBytes(const wxString& path, std::string_view bytes, wxString* reason, SaveKind kind)
 {
-    TextFileSave file(path);
+    TextFileSave file(path, kind);
     file.Write(bytes);
     return file.Finish(reason);
 }
@@ -501,7 +501,7 @@ bool WriteFileBytes(const wxString& path, std::string_view bytes, wxString* reas
 // Writes into a new file beside the target, flushes it to the disk and then puts it in the old
 // one's place: a save cut short (a crash, a killed process, a full disk) leaves the old file as it
 // was. Whatever the old file held, readable or not, is replaced whole.
-TextFileSave::TextFileSave(const wxString& path)
+TextFileSave::TextFileSave(const wxString& path, SaveKind kind) : kind_(kind)
 {
     wxLogNull quiet;
     target_ = SaveTarget(path);
@@ -564,7 +564,7 @@ bool TextFileSave::Finish(wxString* reason)
     wxLogNull quiet;
     WritePiece(pending_);
     pending_.clear();
-    bool saved = !failed_ && file_.Flush();
+    bool saved = !failed_ && (kind_ == SaveKind::Scratch || file_.Flush());
     if (!failed_)
         why_ = saved ? wxString() : SystemReason();
     if (file_.IsOpened())
@@ -629,7 +629,7 @@ const char kNoUtf8Form[] = "a character has no UTF-8 form";
 
 }  // namespace
 
-bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason)
+bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason, SaveKind kind)
 {
     // The UTF-8 bytes built in one buffer, ASCII characters copied as they are.
     std::size_t size = 0;
@@ -650,15 +650,15 @@ bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* 
         }
         text += "\r\n";
     }
-    return WriteFileBytes(path, text, reason);
+    return WriteFileBytes(path, text, reason, kind);
 }
 
-bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason)
+bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason, SaveKind kind)
 {
     if (!lines.Savable()) {
         if (reason != nullptr)
             *reason = kNoUtf8Form;
         return false;
     }
-    return WriteFileBytes(path, lines.Bytes(), reason);
+    return WriteFileBytes(path, lines.Bytes(), reason, kind);
 }

@@ -48,6 +48,13 @@ TextFileRead ReadFirstTextLines(const wxString& path, TextLines& lines, std::siz
 bool ReadTextLines(const wxString& path, wxArrayString& lines);
 bool ReadTextLines(const wxString& path, TextLines& lines);
 
+// How a save ends. A kept file (a project, its map, an export) is flushed to the disk before it
+// takes the old one's place. A scratch file (an input of the build folder that a tool of the same
+// run reads at once and the next run writes anew) takes its place from the system's cache: it is
+// still written whole and put in place in one step, but a machine that stops loses it with the
+// run that made it.
+enum class SaveKind { Kept, Scratch };
+
 // Writes the lines in UTF-8 (with a BOM only when the first line starts with U+FEFF, so that it
 // reads back whole), each ended with CR LF on every platform, so that files made on Linux are
 // byte-identical to those made on Windows. The new file is written beside the old one (as
@@ -56,16 +63,19 @@ bool ReadTextLines(const wxString& path, TextLines& lines);
 // next save of the file. A symbolic link is written through to the file it names. False when the
 // file cannot be written (the old one then stays as it was), `reason` then giving the system's
 // words for why ("No space left on device").
-bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason = nullptr);
+bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason = nullptr,
+                    SaveKind kind = SaveKind::Kept);
 // The same for lines kept as bytes: their bytes are written as they are.
-bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason = nullptr);
+bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason = nullptr,
+                    SaveKind kind = SaveKind::Kept);
 
 // A file saved as WriteTextLines saves it, its bytes handed over piece by piece: written beside
-// the file (as FILE.saving-PID-N), flushed to the disk and put in the file's place by Finish.
+// the file (as FILE.saving-PID-N), flushed to the disk (a kept file) and put in the file's place
+// by Finish.
 // Destroyed unfinished, it removes its temporary file and leaves the old one as it was.
 class TextFileSave {
 public:
-    explicit TextFileSave(const wxString& path);
+    explicit TextFileSave(const wxString& path, SaveKind kind = SaveKind::Kept);
     ~TextFileSave();
     TextFileSave(const TextFileSave&) = delete;
     TextFileSave& operator=(const TextFileSave&) = delete;
@@ -82,6 +92,7 @@ private:
     wxString temporary_;
     wxFile file_;
     std::string pending_;
+    SaveKind kind_;
     bool failed_ = false;
     wxString why_;  // the system's words for the first failure
 };

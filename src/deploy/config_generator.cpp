@@ -252,14 +252,15 @@ void WriteConfiguration(Project& project, const DeviceTypeTable& deviceTypes, co
     const wxString additionalFolder = buildPath + sep + "ADDITIONAL";
 
     // Write and copy failures are not reported: ttbuild runs on what is there and its exit code
-    // is the one verdict.
-    WriteTextLines(includeFolder + sep + "ct.ini", BuildCtIniLines(project, deviceTypes));
-    WriteTextLines(additionalFolder + sep + "dbsave.txt", BuildDbSaveLines(project));
+    // is the one verdict. ttbuild reads these files at once and every build writes them anew, so
+    // they are not flushed to the disk (scratch files).
+    WriteTextLines(includeFolder + sep + "ct.ini", BuildCtIniLines(project, deviceTypes), nullptr, SaveKind::Scratch);
+    WriteTextLines(additionalFolder + sep + "dbsave.txt", BuildDbSaveLines(project), nullptr, SaveKind::Scratch);
     {
         wxLogNull quiet;
         wxCopyFile(project.projectFilePath.GetFullPath(), additionalFolder + sep + "tgxconfig.prj", true);
     }
-    WriteTextLines(additionalFolder + sep + "MBMAP1.csv", project.modbusMapLines);
+    WriteTextLines(additionalFolder + sep + "MBMAP1.csv", project.modbusMapLines, nullptr, SaveKind::Scratch);
 }
 
 bool BuildConfiguration(AppContext& ctx, wxString& errorText, wxString& outputFolder, wxString& outputName)

@@ -32,7 +32,7 @@ bool WriteMapChainScript(const AppContext& ctx)
     wxArrayString lines;
     lines.Add("#include defs.ini");
     lines.Add("#include app.ini");
-    return WriteTextLines(MapChainFile(ctx, "_temp.ini"), lines);
+    return WriteTextLines(MapChainFile(ctx, "_temp.ini"), lines, nullptr, SaveKind::Scratch);
 }
 
 void RemoveMapChainFile(const AppContext& ctx, const char* name)
