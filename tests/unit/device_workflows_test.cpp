@@ -129,7 +129,8 @@ TEST_F(Configure, StopsBeforeTheGatewayWhenAskedTo)
     EXPECT_EQ(ui.messages.size(), 1u);
 }
 
-// Loading what was fetched, and the map's fallback to ttmbprint, run end to end in configure_test.cpp.
+// Loading what was fetched runs end to end in tgxcfg_map_test.cpp (fetch), the map's fallback to
+// ttmbprint in the fault matrix (tgxcfg_fault_matrix_test.cpp).
 TEST(LoadFromDevice, FetchCommandLinesAndFailures)
 {
     TestContext t;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Writes the expected ct.ini and dbsave.txt of the "fifty commands" case from the file rules.
 
-The project (set up the same way in config_generator_test.cpp, FiftyCommandsProject):
+The project (set up the same way in config_generator_test.cpp, FiftyCommands):
   default project, tag name "Line_4", mode "BRIDGE CLIENT", remote IP "192.168.7.20",
   float swap bytes 1 (words 1 and longs 0 by default), polling deferral "OFF" (not a known
   mode), NaN control 1; one device type row "Generic gen_dev.ini gen_mb1.ini gen_mb2.ini
