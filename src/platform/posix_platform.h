@@ -1,5 +1,5 @@
 // Linux and other POSIX systems: the registry is an INI file, the COM ports are those a probe
-// reports, /bin/sh redirects (see docs/ARCHITECTURE.md).
+// reports, /bin/sh redirects (see docs/DECISIONS.md, POSIX platform).
 #pragma once
 
 #include "platform/com_port_scan.h"

@@ -80,7 +80,7 @@ TEST(SaveKilled, LeavesTheOldOrTheNewFilesNeverAMix)
 
     std::mt19937 random(20261123);
     std::uniform_int_distribution<long long> moment(0, std::chrono::duration_cast<std::chrono::microseconds>(whole).count());
-    // 20 rounds in every run; TGX_SAVE_KILLS asks for more (docs/ARCHITECTURE.md has a long run).
+    // 20 rounds in every run; TGX_SAVE_KILLS asks for more (docs/DECISIONS.md, "Saves never tear", has a long run).
     long rounds = 20;
     wxString kills;
     if (wxGetEnv("TGX_SAVE_KILLS", &kills))
