@@ -2,12 +2,12 @@
 // runner starting the gateway simulator's tools, minus the wall time spent inside those tools.
 // The interface answers as a user would and records the closing one-second pause, not waiting it.
 #include "base/app_context.h"
-#include "platform/wx_tool_runner.h"
+#include "commands/project_commands.h"
 #include "commands/startup.h"
 #include "deploy/configure_device.h"
 #include "fakes/scripted_user_interface.h"
+#include "platform/wx_tool_runner.h"
 #include "project/project.h"
-#include "commands/project_commands.h"
 #include "project/project_file.h"
 
 #include <benchmark/benchmark.h>

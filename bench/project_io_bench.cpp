@@ -1,9 +1,9 @@
 // Load and save of the largest project (16 devices x 50 commands, a 65,536-line map) as Load from
 // Disk and Save do them, against reading and writing the same bytes plainly.
+#include "commands/project_commands.h"
 #include "deploy/project_save.h"
 #include "fakes/test_context.h"
 #include "project/project.h"
-#include "commands/project_commands.h"
 #include "project/project_file.h"
 
 #include <benchmark/benchmark.h>

@@ -4,10 +4,10 @@
 
 #include "base/device_type_table.h"
 #include "base/installation_environment.h"
-#include "base/target_address.h"
-#include "base/user_interface.h"
-#include "base/tool_runner.h"
 #include "base/platform.h"
+#include "base/target_address.h"
+#include "base/tool_runner.h"
+#include "base/user_interface.h"
 
 // The model lives in the project room above; the context only refers to it.
 struct Project;

@@ -4,8 +4,8 @@
 // which platform it runs on.
 #pragma once
 
-#include "base/tool_command.h"
 #include "base/process_locks.h"
+#include "base/tool_command.h"
 
 #include <wx/arrstr.h>
 #include <wx/string.h>

@@ -1,7 +1,7 @@
 #include "cli/cli_json.h"
 
-#include "project/project_file.h"
 #include "base/unicode_text.h"
+#include "project/project_file.h"
 
 #include <nlohmann/json.hpp>
 

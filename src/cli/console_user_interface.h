@@ -2,8 +2,8 @@
 // entries are answered from the command line, progress steps are printed one per line.
 #pragma once
 
-#include "base/user_interface.h"
 #include "base/mux_scan_window.h"
+#include "base/user_interface.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 // tgxcfg: the configuration tool without its window, for scripts, CI jobs and fleets.
+#include "base/unicode_text.h"
 #include "cli/cli_commands.h"
 #include "cli/command_line.h"
-#include "base/unicode_text.h"
 
 #include <wx/init.h>
 #include <wx/strconv.h>

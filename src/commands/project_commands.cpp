@@ -2,10 +2,10 @@
 
 #include "base/app_context.h"
 #include "base/number_text.h"
+#include "base/text_file.h"
 #include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
-#include "base/text_file.h"
 
 namespace {
 

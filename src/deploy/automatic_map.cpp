@@ -1,11 +1,11 @@
 #include "deploy/automatic_map.h"
 
 #include "base/app_context.h"
+#include "base/text_file.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
 #include "deploy/map_chain.h"
-#include "base/text_file.h"
 #include "project/project.h"
 
 void GenerateAutomaticMap(AppContext& ctx)

@@ -1,13 +1,13 @@
 #include "deploy/firmware_update.h"
 
 #include "base/app_context.h"
+#include "base/text_file.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
 #include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
-#include "base/text_file.h"
 
 #include <wx/filefn.h>
 #include <wx/filename.h>

@@ -1,11 +1,11 @@
 #include "deploy/load_from_device.h"
 
 #include "base/app_context.h"
+#include "base/text_file.h"
 #include "deploy/device_tools.h"
 #include "deploy/private_folder.h"
 #include "deploy/project_save.h"
 #include "project/project.h"
-#include "base/text_file.h"
 #include "project/project_file.h"
 
 void LoadProjectFromDevice(AppContext& ctx)

@@ -1,8 +1,8 @@
 #include "deploy/map_chain.h"
 
 #include "base/app_context.h"
-#include "deploy/device_tools.h"
 #include "base/text_file.h"
+#include "deploy/device_tools.h"
 #include "project/project.h"
 
 #include <wx/filefn.h>

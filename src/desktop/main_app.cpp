@@ -1,12 +1,12 @@
 // The application object: builds the main window, refuses to run beside conflicting software and
 // hands control to the event loop.
-#include "commands/conflict_check.h"
-#include "base/target_address.h"
 #include "base/platform.h"
-#include "project/project.h"
+#include "base/target_address.h"
+#include "commands/conflict_check.h"
 #include "desktop/desktop_tool_runner.h"
 #include "desktop/exit_when_shown.h"
 #include "desktop/main_frame.h"
+#include "project/project.h"
 
 #include <wx/app.h>
 #include <wx/cmdline.h>

@@ -1,8 +1,8 @@
 #include "desktop/mux_rebuild_dialog.h"
 
 #include "base/user_interface.h"
-#include "mux/mux_rebuild.h"
 #include "desktop/dialog_layout.h"
+#include "mux/mux_rebuild.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

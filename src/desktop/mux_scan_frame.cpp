@@ -1,8 +1,8 @@
 #include "desktop/mux_scan_frame.h"
 
+#include "desktop/dialog_layout.h"
 #include "mux/mux_rebuild.h"
 #include "mux/mux_scan.h"
-#include "desktop/dialog_layout.h"
 
 #include <wx/sizer.h>
 

@@ -1,8 +1,8 @@
 #include "desktop/scan_dialog.h"
 
 #include "base/user_interface.h"
-#include "mux/mux_scan.h"
 #include "desktop/dialog_layout.h"
+#include "mux/mux_scan.h"
 #include "project/project.h"
 
 #include <wx/button.h>

@@ -1,14 +1,14 @@
 #include "desktop/wx_user_interface.h"
 
+#include "base/mux_scan_window.h"
 #include "desktop/cmd_dialog.h"
 #include "desktop/device_dialog.h"
 #include "desktop/dialog_layout.h"
+#include "desktop/main_frame.h"
 #include "desktop/mux_rebuild_dialog.h"
-#include "base/mux_scan_window.h"
-#include "desktop/scan_dialog.h"
 #include "desktop/options_dialog.h"
 #include "desktop/remote_dialog.h"
-#include "desktop/main_frame.h"
+#include "desktop/scan_dialog.h"
 
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>

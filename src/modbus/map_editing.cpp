@@ -1,14 +1,14 @@
 #include "modbus/map_editing.h"
 
 #include "base/app_context.h"
+#include "base/text_file.h"
 #include "deploy/config_generator.h"
 #include "deploy/device_tools.h"
 #include "deploy/installation_turn.h"
-#include "deploy/project_save.h"
 #include "deploy/map_chain.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
-#include "base/text_file.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

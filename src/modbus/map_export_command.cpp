@@ -1,9 +1,9 @@
 #include "modbus/map_export_command.h"
 
 #include "base/app_context.h"
+#include "base/text_file.h"
 #include "deploy/map_chain.h"
 #include "modbus/map_export.h"
-#include "base/text_file.h"
 #include "project/project.h"
 
 void ExportModbusMap(AppContext& ctx)

@@ -1,13 +1,13 @@
 #include "modbus/map_import.h"
 
 #include "base/app_context.h"
-#include "deploy/installation_turn.h"
+#include "base/text_file.h"
 #include "deploy/device_tools.h"
-#include "deploy/project_save.h"
+#include "deploy/installation_turn.h"
 #include "deploy/map_chain.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
-#include "base/text_file.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>

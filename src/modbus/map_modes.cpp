@@ -1,8 +1,8 @@
 #include "modbus/map_modes.h"
 
 #include "base/app_context.h"
-#include "deploy/project_save.h"
 #include "deploy/map_chain.h"
+#include "deploy/project_save.h"
 #include "project/project.h"
 #include "project/project_file.h"
 

@@ -1,10 +1,10 @@
 #include "mux/mux_rebuild.h"
 
 #include "base/app_context.h"
-#include "deploy/installation_turn.h"
-#include "mux/mux_scan.h"
 #include "base/mux_scan_window.h"
 #include "base/unicode_text.h"
+#include "deploy/installation_turn.h"
+#include "mux/mux_scan.h"
 #include "project/project.h"
 #include "remote/remote_com_port.h"
 

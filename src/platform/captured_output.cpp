@@ -1,7 +1,7 @@
 #include "platform/captured_output.h"
 
-#include "platform/wx_tool_runner.h"
 #include "base/unicode_text.h"
+#include "platform/wx_tool_runner.h"
 
 #include <wx/app.h>
 #include <wx/apptrait.h>

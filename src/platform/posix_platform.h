@@ -2,8 +2,8 @@
 // reports, /bin/sh redirects (see docs/DECISIONS.md, POSIX platform).
 #pragma once
 
-#include "platform/com_port_scan.h"
 #include "base/platform.h"
+#include "platform/com_port_scan.h"
 
 class PosixPlatform : public Platform {
 public:

@@ -2,10 +2,10 @@
 
 #include "base/device_type_table.h"
 #include "base/number_text.h"
+#include "base/text_file.h"
 #include "project/panel_view.h"
 #include "project/project.h"
 #include "project/project_file.h"
-#include "base/text_file.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,8 +2,8 @@
 
 #include "base/app_context.h"
 #include "base/number_text.h"
-#include "project/project.h"
 #include "base/text_file.h"
+#include "project/project.h"
 #include "project/version.h"
 
 #include <wx/filename.h>

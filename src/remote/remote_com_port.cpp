@@ -1,8 +1,8 @@
 #include "remote/remote_com_port.h"
 
 #include "base/app_context.h"
-#include "deploy/installation_turn.h"
 #include "base/unicode_text.h"
+#include "deploy/installation_turn.h"
 #include "project/project.h"
 
 #include <wx/log.h>
