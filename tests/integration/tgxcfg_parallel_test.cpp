@@ -17,12 +17,21 @@ protected:
         env.env["TGX_REGISTRY"] = registry;
         for (const auto& variable : env.env)
             wxSetEnv(variable.first, variable.second);
+        wxString binary = TGX_CLI_BINARY;
+#ifdef __WINDOWS__
+        if (binary.StartsWith("/"))
+            binary = "Z:" + binary;  // the build folder as Wine's drive shows it to cmd.exe
+#endif
         std::vector<int> codes(runs.size());
         std::vector<std::thread> threads;
         for (size_t i = 0; i < runs.size(); ++i)
             threads.emplace_back([&, i] {
-                codes[i] = std::system(("\"" TGX_CLI_BINARY "\" " + OwnInstallation() + " " + runs[i].first + " >\""
-                                        + dir.path + "/" + runs[i].second + "\"").utf8_str());
+                wxString line = "\"" + binary + "\" " + OwnInstallation() + " " + runs[i].first + " >\"" + dir.path + "/"
+                                + runs[i].second + "\"";
+#ifdef __WINDOWS__
+                line = "\"" + line + "\"";  // cmd.exe /c drops the first and the last quote of the line
+#endif
+                codes[i] = std::system(line.utf8_str());
             });
         for (std::thread& thread : threads)
             thread.join();
