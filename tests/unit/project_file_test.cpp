@@ -2,7 +2,6 @@
 #include "project/project.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
-#include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
@@ -45,10 +44,9 @@ Project MaximalProject()
 
 Project Loaded(const wxArrayString& lines)
 {
-    TempDir dir;
-    TestContext t;
-    WriteTextLines(dir.path + "/p.prj", lines);
-    ApplyProjectFile(t.ctx, dir.path + "/p.prj");
+    ScratchContext t;
+    WriteTextLines(t.dir.path + "/p.prj", lines);
+    ApplyProjectFile(t.ctx, t.dir.path + "/p.prj");
     return t.project;
 }
 
