@@ -68,6 +68,8 @@ public:
     void RefreshPanel() override { ++refreshCount, Note("refresh"); }
     void RefreshCommandList() override { Note("command list"); }
     void ShowStatus(const wxString& text) override { Note("status: " + text); }
+    // Goes on, as the desktop does; noted, so that a save that failed unnoticed shows.
+    bool ContinueAfterFailedSave(const wxString& message) override { return Note("failed save: " + message), true; }
     // Recorded, not waited.
     void WaitSeconds(int seconds) override { Note(wxString::Format("wait %d", seconds)); }
     void WaitForOtherRun(const wxString& text, const std::function<bool()>& free) override
