@@ -120,7 +120,8 @@ TEST_F(Configure, StopsBeforeTheGatewayWhenAskedTo)
     EXPECT_EQ(ui.messages.size(), 1u);
 }
 
-// Loading what was fetched, and the map's fallback to ttmbprint, run end to end in configure_test.cpp.
+// Loading what was fetched, and the map's fallback to ttmbprint, run end to end in tgxcfg_gateway_test.cpp
+// (fetch) and the fault matrix's Fetch rows.
 TEST(LoadFromDevice, FetchCommandLinesAndFailures)
 {
     TestContext t;
