@@ -6,11 +6,8 @@
 // a map near the 16 MB a read takes may grow past them saved in UTF-8 (Latin-1 or UTF-16 text,
 // LF ends made CR LF), and the next load refuses it.
 #include "deploy/project_save.h"
-#include "fakes/fake_platform.h"
-#include "fakes/scripted_tool_runner.h"
-#include "fakes/scripted_user_interface.h"
+#include "fakes/test_context.h"
 #include "fuzz_support.h"
-#include "base/app_context.h"
 #include "deploy/config_generator.h"
 #include "project/command_list.h"
 #include "project/device_list.h"
@@ -27,16 +24,7 @@ namespace {
 const char kMapSeparator[] = "\x1Dmbd\x1D";
 
 // One run of the tool on its own project; a save that cannot write its file is a finding.
-struct Run : ScriptedUserInterface {
-    Project project;
-    InstallationEnvironment env;
-    TargetAddress target;
-    DeviceTypeTable deviceTypes;
-    ScriptedToolRunner tools;
-    FakePlatform platform;
-    AppContext ctx{project, env, target, deviceTypes, *this, tools, platform};
-    bool ContinueAfterFailedSave(const wxString& message) override { FuzzFail(message); }
-
+struct Run : TestContext {
     // Saves as FILE.prj and FILE.mbd in the user-defined map mode, so that the automatic map's
     // outside tools do not run (the mode the file gave is not compared; it is read as every other
     // number is). Both files' bytes.
@@ -44,6 +32,9 @@ struct Run : ScriptedUserInterface {
     {
         project.automaticModbusMap = 0;
         SaveProject(ctx, path);
+        for (const wxString& event : ui.events)
+            if (event.StartsWith("failed save: "))
+                FuzzFail(event);
         return Bytes(path) + kMapSeparator + Bytes(MapFilePath(path).utf8_string());
     }
     static std::string Bytes(const std::string& path)

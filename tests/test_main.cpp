@@ -1,4 +1,6 @@
 // Unit and integration tests run on wxBase alone: no display, no GUI library.
+#include "wx_test_support.h"
+
 #include <gtest/gtest.h>
 #include <wx/init.h>
 #include <wx/string.h>
@@ -6,15 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-
-namespace {
-
-void FailOnAssert(const wxString& file, int line, const wxString& func, const wxString& cond, const wxString& msg)
-{
-    ADD_FAILURE() << "wxWidgets assertion at " << file << ":" << line << " in " << func << ": " << cond << " " << msg;
-}
-
-}  // namespace
 
 int main(int argc, char** argv)
 {
@@ -28,6 +21,6 @@ int main(int argc, char** argv)
     wxInitializer toolkit;
     if (!toolkit.IsOk())
         return EXIT_FAILURE;
-    wxSetAssertHandler(FailOnAssert);
+    wxSetAssertHandler(FailOnWxAssert);
     return RUN_ALL_TESTS();
 }

@@ -17,6 +17,12 @@
 #include <sstream>
 #include <string>
 
+// A failed wxWidgets check (an index out of range, ...) fails the test that made it.
+inline void FailOnWxAssert(const wxString& file, int line, const wxString& func, const wxString& cond, const wxString& msg)
+{
+    ADD_FAILURE() << "wxWidgets assertion at " << file << ":" << line << " in " << func << ": " << cond << " " << msg;
+}
+
 // Several facts checked at once, each on its own: a failure names those that do not hold.
 inline ::testing::AssertionResult AllHold(const char* facts, std::initializer_list<bool> holds)
 {

@@ -660,5 +660,13 @@ bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reas
             *reason = kNoUtf8Form;
         return false;
     }
-    return WriteFileBytes(path, lines.Bytes(), reason, kind);
+    // As for lines of text: a first line that starts with U+FEFF gets a BOM before it.
+    const std::string_view bytes = lines.Bytes();
+    if (bytes.substr(0, 3) == "\xEF\xBB\xBF") {
+        TextFileSave file(path, kind);
+        file.Write("\xEF\xBB\xBF");
+        file.Write(bytes);
+        return file.Finish(reason);
+    }
+    return WriteFileBytes(path, bytes, reason, kind);
 }

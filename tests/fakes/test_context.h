@@ -6,6 +6,7 @@
 #include "fakes/scripted_tool_runner.h"
 #include "fakes/scripted_user_interface.h"
 #include "project/project.h"
+#include "unit/temp_dir.h"
 
 struct TestContext {
     Project project;
@@ -16,4 +17,24 @@ struct TestContext {
     ScriptedToolRunner tools;
     FakePlatform platform;
     AppContext ctx{project, env, target, deviceTypes, ui, tools, platform};
+};
+
+// The same on an installation of its own in a scratch folder, paths joined with "/": the build
+// folder tgxconfigure/ (its INCLUDE, ADDITIONAL and OUTPUT made), the templates folder
+// tgxtemplates/ (not made), the project folder the scratch folder itself, the firmware 6.2.2;
+// and a default project named plant.prj there (not written).
+struct ScratchContext : TestContext {
+    TempDir dir;
+    ScratchContext()
+    {
+        platform.separator = "/";
+        env.TgxBuildPath = dir.path + "/tgxconfigure";
+        env.TgxTemplatesPath = dir.path + "/tgxtemplates";
+        env.TgxProjectPath = dir.path;
+        env.FirmwareVersion = "6.2.2";
+        for (const char* sub : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
+            wxFileName::Mkdir(env.TgxBuildPath + "/" + sub, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        LoadDefaultProject(project);
+        project.projectFilePath.Assign(dir.path + "/plant.prj");
+    }
 };

@@ -6,8 +6,10 @@
 #include <wx/string.h>
 #include <wx/utils.h>
 
+#include "fakes/scripted_tool_runner.h"
 #include "fakes/scripted_user_interface.h"
 #include "desktop/main_frame.h"
+#include "platform/posix_platform.h"
 #include "unit/temp_dir.h"
 
 #include <memory>
@@ -88,9 +90,16 @@ inline MainFrame::UserInterfaceMaker ScriptedDialogsOf(ScriptedUserInterface& di
     return [&dialogs](MainFrame& frame) { return std::make_unique<ScriptedDialogs>(frame, dialogs); };
 }
 
-// A scratch folder with a registry file that names the sample installation.
-struct SampleInstallation : TempDir {
+// A main window (of class Frame) started on the sample installation, named by a registry file in a
+// scratch folder; its tools scripted, its dialogs answered by `dialogs`.
+template <class Frame = MainFrame>
+struct ScriptedFrame : TempDir {
     const wxString registry = Write("registry.ini", "[HKEY_CURRENT_USER/Software/TARN SYSTEMS LTD/TGx Software Suite]\n"
                                                     "Path=" TGX_SOURCE_DIR "/simulator/installation/\nVersion=6.2.2\n"
                                                     "FirmwareVersion=6.2.2\nTemplatesVersion=3.1.0\n");
+    PosixPlatform platform{registry};
+    ScriptedUserInterface dialogs;
+    ScriptedToolRunner tools;
+    Project project;
+    FramePtr<Frame> frame{new Frame(project, platform, tools, ScriptedDialogsOf(dialogs))};
 };

@@ -1,4 +1,6 @@
 // GUI tests: the real toolkit, started once for the whole suite, under a display (xvfb-run).
+#include "wx_test_support.h"
+
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/init.h>
@@ -14,11 +16,6 @@ public:
     bool OnInit() override { return true; }
 };
 
-void FailOnAssert(const wxString& file, int line, const wxString& func, const wxString& cond, const wxString& msg)
-{
-    ADD_FAILURE() << "wxWidgets assertion at " << file << ":" << line << " in " << func << ": " << cond << " " << msg;
-}
-
 }  // namespace
 
 int main(int argc, char** argv)
@@ -27,7 +24,7 @@ int main(int argc, char** argv)
     wxApp::SetInstance(new TestApp);
     if (!wxEntryStart(argc, argv) || !wxTheApp->CallOnInit())
         return EXIT_FAILURE;
-    wxSetAssertHandler(FailOnAssert);
+    wxSetAssertHandler(FailOnWxAssert);
     // Logged errors go to the test output instead of a modal box that nobody would close.
     delete wxLog::SetActiveTarget(new wxLogStderr);
     const int result = RUN_ALL_TESTS();

@@ -1,26 +1,19 @@
-#include "fakes/scripted_tool_runner.h"
-#include "fakes/scripted_user_interface.h"
 #include "gui_support.h"
-#include "platform/posix_platform.h"
 #include "project/project_file.h"
 #include "desktop/main_frame.h"
 
 #include <gtest/gtest.h>
 
-TEST(ModbusMenu, CheckMarksFollowTheModeOnceTheChangeIsConfirmed)
+class ModbusMenu : public ::testing::Test, protected ScriptedFrame<> {};
+
+TEST_F(ModbusMenu, CheckMarksFollowTheModeOnceTheChangeIsConfirmed)
 {
-    SampleInstallation dir;
-    PosixPlatform platform(dir.registry);
-    ScriptedUserInterface dialogs;
-    ScriptedToolRunner tools;
     tools.fallback = {4, {}};  // no build: the automatic save keeps the map, silently
-    Project project;
-    FramePtr<MainFrame> frame(new MainFrame(project, platform, tools, ScriptedDialogsOf(dialogs)));
     AppContext& ctx = frame->Context();
-    ctx.env.TgxBuildPath = dir.path;  // what a switch to automatic generates goes here
+    ctx.env.TgxBuildPath = path;  // what a switch to automatic generates goes here
     LoadDefaultProject(ctx.project);
     ctx.project.automaticModbusMap = 0;
-    ctx.project.projectFilePath.Assign(dir.path + "/plant.prj");
+    ctx.project.projectFilePath.Assign(path + "/plant.prj");
     frame->RefreshPanelFromProject();
     wxMenuBar* bar = frame->GetMenuBar();
     const int automatic = bar->FindMenuItem("Modbus", "Automatic Map"), user = bar->FindMenuItem("Modbus", "User defined Map");

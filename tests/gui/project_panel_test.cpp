@@ -1,7 +1,4 @@
-#include "fakes/scripted_tool_runner.h"
-#include "fakes/scripted_user_interface.h"
 #include "gui_support.h"
-#include "platform/posix_platform.h"
 #include "commands/project_commands.h"
 #include "base/text_file.h"
 #include "desktop/main_frame.h"
@@ -33,27 +30,20 @@ public:
     using MainFrame::m_menuItemClose, MainFrame::m_menuItemSave;
 };
 
-class LoadedProject : public ::testing::Test {
+class LoadedProject : public ::testing::Test, protected ScriptedFrame<ProjectFrame> {
 protected:
     void SetUp() override
     {
-        frame.reset(new ProjectFrame(record, platform, tools, ScriptedDialogsOf(dialogs)));
         ASSERT_TRUE(frame->StartedUp());
         frame->Show();
         PumpEvents();  // shown and drawn before a project is opened, as a person opens one
         // Open the example through the load command; a copy, since loading rewrites the file.
-        wxCopyFile(wxString(TGX_SOURCE_DIR) + "/docs/examples/boiler_house.prj", project);
-        dialogs.files = {project};
+        wxCopyFile(wxString(TGX_SOURCE_DIR) + "/docs/examples/boiler_house.prj", file);
+        dialogs.files = {file};
         LoadProjectFromDisk(frame->Context());
     }
 
-    SampleInstallation installation;
-    const wxString project = installation.path + "/boiler_house.prj";
-    PosixPlatform platform{installation.registry};
-    ScriptedUserInterface dialogs;
-    ScriptedToolRunner tools;
-    Project record;
-    FramePtr<ProjectFrame> frame;
+    const wxString file = path + "/boiler_house.prj";
 };
 
 }  // namespace
@@ -61,7 +51,7 @@ protected:
 TEST_F(LoadedProject, PanelShowsTheProjectAndItsLists)
 {
     EXPECT_EQ(frame->ConfigurationName()->GetValue() + "|" + frame->Parity()->GetStringSelection(),
-        wxFileName(project).GetName() + "|Odd");
+        wxFileName(file).GetName() + "|Odd");
     ASSERT_EQ(frame->Devices()->GetCount(), 4u);
     EXPECT_EQ(frame->Devices()->GetString(1), "#01 [01] PT-102 Drum pressure : Rosemount3051");
     EXPECT_EQ(frame->Devices()->GetSelection(), 0);
@@ -109,7 +99,7 @@ TEST_F(LoadedProject, TypedRtuAddressIsTakenBySaveAndClose)
     frame->RtuAddress()->ChangeValue("42");
     frame->Choose(frame->m_menuItemSave);
     wxArrayString saved;
-    ASSERT_TRUE(ReadTextLines(project, saved));
+    ASSERT_TRUE(ReadTextLines(file, saved));
     EXPECT_NE(saved.Index("MODBUS RTU ADDRESS:42"), wxNOT_FOUND);
 
     frame->RtuAddress()->ChangeValue("427");

@@ -1,7 +1,9 @@
-// The gateway simulator where no workflow test reaches it: strict command lines, gateways told
-// apart by loopback address, runs at the same moment. The fault rules are proven by the fault
-// matrix that injects them. What each tool does for a workflow (the template expansion of ttbuild
-// included), and the admin commands (set, reset), are proven by the workflow tests that use them.
+// The gateway simulator where no workflow test reaches it: strict command lines, runs at the same
+// moment. The fault rules are proven by the fault matrix that injects them. What each tool does
+// for a workflow (the template expansion of ttbuild included), and the admin commands (set,
+// reset), are proven by the workflow tests that use them; gateways told apart by loopback
+// address, each with its own firmware, state and fault rules, by tests/ansible/fleet_test.sh
+// (four at once), tgxcfg_parallel_test.cpp and, for the default gateway, whole_windows_test.cpp.
 // Each tool is started by name from PATH, a process of its own, all sharing one scratch state
 // folder.
 #include "platform/captured_output.h"
@@ -80,32 +82,6 @@ TEST_F(Simulator, CapturedOutputIsCutAtItsLimit)
     wxArrayString lines;
     EXPECT_EQ(WxToolRunner().RunCaptured(ToolCommand("ttmbprint").Arg("h").Arg("-f=2"), lines), 3);
     EXPECT_ALL(lines.size() == kMaxCapturedLines, lines.Last() == "b");
-}
-
-// A loopback address other than 127.0.0.1 is a gateway of its own: its settings, its installed
-// configuration; a rule matching its address fails it alone; every other address is the default.
-TEST_F(Simulator, LoopbackAddressesAreGatewaysOfTheirOwn)
-{
-    for (const char* admin : {"--gateway=127.0.0.2 set firmware 6.1.0", "--gateway=127.0.0.3 set firmware 6.3.0",
-                              "fault add ttrestore match=127.0.0.3 exit=3"})
-        ASSERT_EQ(Run(wxString("tgxsim ") + admin).code, 0) << admin;
-    for (const char* name : {"defs.ini", "app.ini", "dbsave.txt", "tgxconfig.prj", "MBMAP1.csv"})
-        dir.Write(name, "x\r\n");
-    EXPECT_EQ(Run("ttrestore 127.0.0.2 config").code, 0);
-    EXPECT_EQ(Run("ttrestore 127.0.0.3 config").code, 3);
-
-    const struct {
-        const char* address;
-        const char* firmware;
-        long mapPrinted;  // ttmbprint: 0 with the map ttrestore installed, 1 without
-    } gateways[] = {{"127.0.0.2", "6.1.0", 0}, {"127.0.0.3", "6.3.0", 1}, {"127.0.0.1", "6.2.2", 1},
-        {"192.168.1.250", "6.2.2", 1}, {"127.0.0.02", "6.2.2", 1}};
-    for (const auto& gateway : gateways) {
-        const RunResult devType = Run(wxString("ttdevtype ") + gateway.address);
-        EXPECT_ALL(devType.out.size() == 3u, devType.out[1] == wxString::Format("Firmware: TG7main-v%s-build7",
-            gateway.firmware)) << gateway.address;
-        EXPECT_EQ(Run(wxString("ttmbprint ") + gateway.address + " -f=2").code, gateway.mapPrinted) << gateway.address;
-    }
 }
 
 // Runs at the same moment each log one whole line, count against a rule once each, and each

@@ -2,7 +2,6 @@
 #include "fakes/test_context.h"
 #include "base/text_file.h"
 #include "project/project.h"
-#include "temp_dir.h"
 
 #include "wx_test_support.h"
 
@@ -82,24 +81,14 @@ void FiftyCommands(Project& project, DeviceTypeTable& types)
 
 } // namespace
 
-class ConfigGenerator : public ::testing::Test, protected TestContext {
+class ConfigGenerator : public ::testing::Test, protected ScratchContext {
 protected:
-    ConfigGenerator()
-    {
-        platform.separator = "/";
-        env.TgxBuildPath = dir.path + "/suite/tgxconfigure";
-        env.TgxTemplatesPath = dir.path + "/suite/tgxtemplates";
-        for (const char* folder : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
-            wxFileName::Mkdir(env.TgxBuildPath + "/" + folder, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        LoadDefaultProject(project);
-        project.projectFilePath = dir.Write("projects/plant7.prj", "TGX TAGNAME=Unnamed\r\n");
-    }
+    ConfigGenerator() { project.projectFilePath = dir.Write("projects/plant7.prj", "TGX TAGNAME=Unnamed\r\n"); }
 
     wxString Built(const char* relative) const { return env.TgxBuildPath + "/" + relative; }
 
     bool Generate() { return GenerateConfiguration(ctx, errorText, outputFolder, outputName); }
 
-    TempDir dir;
     wxString errorText, outputFolder, outputName;
 };
 
@@ -158,7 +147,7 @@ TEST_F(ConfigGenerator, CopiesTheProjectFileAndWritesTheMap)
     // Copied byte for byte, whatever its line ends and encoding.
     const std::string projectBytes = "TGX TAGNAME=Kessel\nREMOTE IP=0.0.0.0\r\n\xC3\xBC\x00tail";
     std::ofstream(project.projectFilePath.GetFullPath().fn_str(), std::ios::binary) << projectBytes;
-    dir.Write("suite/tgxconfigure/ADDITIONAL/tgxconfig.prj", "an older project that is longer than the new one");
+    dir.Write("tgxconfigure/ADDITIONAL/tgxconfig.prj", "an older project that is longer than the new one");
     project.modbusMapLines = Lines({"40001,PV,FLOAT", "40003,SV,FLOAT"});
     ASSERT_TRUE(Generate());
     EXPECT_EQ(ReadBytes(Built("ADDITIONAL/tgxconfig.prj")), projectBytes);

@@ -5,7 +5,6 @@
 #include "project/project.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
-#include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
@@ -43,19 +42,11 @@ TEST(TargetAddress, PromptSplitsAtTheLastColon)
 
 namespace {
 
-class Configure : public ::testing::Test, protected TestContext {
+class Configure : public ::testing::Test, protected ScratchContext {
 protected:
     Configure()
     {
-        platform.separator = "/";
-        env.TgxBuildPath = dir.path + "/tgxconfigure";
-        env.TgxTemplatesPath = dir.path + "/tgxtemplates";
-        env.FirmwareVersion = "6.2.2";
-        for (const char* sub : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
-            wxFileName::Mkdir(env.TgxBuildPath + "/" + sub, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        LoadDefaultProject(project);
         project.automaticModbusMap = 0;
-        project.projectFilePath.Assign(dir.path + "/plant.prj");
         project.modbusMapLines = Lines({"HOLDING,40001,ABCD,FLOAT,PV,Value,2"});
         target.targetEntry = "192.168.1.250";
         ui.texts = {wxString("10.0.0.9:2200"), wxString("Boiler12House")};
@@ -65,7 +56,6 @@ protected:
     {
         return {0, Lines({"TG7-Plus", firmware, templates})};
     }
-    TempDir dir;
 };
 
 }  // namespace
@@ -73,12 +63,13 @@ protected:
 TEST_F(Configure, ASuccessfulRunInOrder)
 {
     tools.replies = {Report("Firmware: TG7main-v6.2.2-build7"), {0, {}}, {0, {}}, {0, {}}};
-    // Another run has the installation for two attempts; the build and the upload are one turn.
+    // Another run has the installation for two attempts; the build and the upload are one turn, of
+    // the installation and of the project folder.
     platform.busyAttempts = 2;
     tools.onRun = [this](const wxString& command) { platform.lockEvents.Add(command.BeforeFirst(' ')); };
     ConfigureDevice(ctx);
-    EXPECT_EQ(platform.lockEvents, Lines({"ttdevtype", "lock " + env.TgxBuildPath + "/tgxconfig.lock", "ttbuild",
-                                          "ttrestore", "unlock", "ttreboot"}));
+    EXPECT_EQ(platform.lockEvents, Lines({"ttdevtype", "lock " + env.TgxBuildPath + "/tgxconfig.lock", "lock " + dir.path
+                                          + "/tgxconfig.lock", "ttbuild", "ttrestore", "unlock", "unlock", "ttreboot"}));
     EXPECT_EQ(std::count(ui.events.begin(), ui.events.end(), "waiting: Waiting for another run of the configuration "
                                                              "tool to finish with " + env.TgxBuildPath), 1);
     EXPECT_EQ(GetText(project.tagName), "Boiler12");
@@ -129,8 +120,8 @@ TEST_F(Configure, StopsBeforeTheGatewayWhenAskedTo)
     EXPECT_EQ(ui.messages.size(), 1u);
 }
 
-// Loading what was fetched runs end to end in tgxcfg_map_test.cpp (fetch), the map's fallback to
-// ttmbprint in the fault matrix (tgxcfg_fault_matrix_test.cpp).
+// Loading what was fetched, and the map's fallback to ttmbprint, run end to end in tgxcfg_gateway_test.cpp
+// (fetch) and the fault matrix's Fetch rows.
 TEST(LoadFromDevice, FetchCommandLinesAndFailures)
 {
     TestContext t;

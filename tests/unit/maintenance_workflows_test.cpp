@@ -7,60 +7,37 @@
 #include "project/project.h"
 #include "project/project_file.h"
 #include "remote/options_editing.h"
-#include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-namespace {
-
-class FirmwareUpdate : public ::testing::Test, protected TestContext {
-protected:
-    FirmwareUpdate()
-    {
-        platform.separator = "/";
-        env.TgxBuildPath = dir.path + "/cfg";
-        env.TgxProjectPath = dir.path + "/P";
-        env.FirmwareVersion = "6.3.0";
-        wxFileName::Mkdir(env.TgxBuildPath + "/INCLUDE", wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        wxFileName::Mkdir(env.TgxBuildPath + "/ADDITIONAL");
-        LoadDefaultProject(project);  // the user's, with an unsaved edit deep in the record
-        project.devices[1].commands[49].args[7] = 77;
-        project.modbusMapLines = Lines({"user map"});
-    }
-    void Run()
-    {
-        // What ttgetfile would have fetched: a project of five devices and its map.
-        dir.Write("P/tgxconfig.prj", "TGX TAGNAME:GW5\r\nDEVICE COUNT:5\r\nAUTOMATIC MODBUS MAP:0\r\n");
-        dir.Write("P/MBMAP1.csv", "gateway map\r\n");
-        tools.runs.clear();
-        ui.messages.clear();
-        tools.replies = std::deque<ToolReply>(9);
-        ui.texts = {wxString("10.0.0.9")};
-        ui.answers = {true};
-        UpdateFirmware(ctx);
-    }
-    TempDir dir;
-};
-
-}  // namespace
+class FirmwareUpdate : public ::testing::Test, protected ScratchContext {};
 
 TEST_F(FirmwareUpdate, MigratesTheGatewaysProjectAndGivesTheUsersBack)
 {
+    // The user's project, with an unsaved edit deep in the record.
+    project.devices[1].commands[49].args[7] = 77;
+    project.modbusMapLines = Lines({"user map"});
     const Project before = project;
-    Run();
-    const wxString p = dir.path + "/P/";
+    // What ttgetfile would have fetched: a project of five devices and its map.
+    dir.Write("tgxconfig.prj", "TGX TAGNAME:GW5\r\nDEVICE COUNT:5\r\nAUTOMATIC MODBUS MAP:0\r\n");
+    dir.Write("MBMAP1.csv", "gateway map\r\n");
+    tools.replies = std::deque<ToolReply>(9);
+    ui.texts = {wxString("10.0.0.9")};
+    ui.answers = {true};
+    UpdateFirmware(ctx);
+    const wxString p = dir.path + "/";
     EXPECT_EQ(tools.Commands(),
               Lines({"ttgetfile \"10.0.0.9\" TG7/tgxconfig.prj \"" + p + "tgxconfig.prj\"",
-                     "ttgetfile \"10.0.0.9\" TG7/MBMAP1.csv \"" + p + "MBMAP1.csv\"", "ttfirmware \"10.0.0.9\" TG7main-v6.3.0",
+                     "ttgetfile \"10.0.0.9\" TG7/MBMAP1.csv \"" + p + "MBMAP1.csv\"", "ttfirmware \"10.0.0.9\" TG7main-v6.2.2",
                      "ttputfile \"10.0.0.9\" \"TG7+ User Guide.pdf\" /var/www/html/downloads/TG7UserGuide.pdf",
                      "ttputfile \"10.0.0.9\" \"mbEdit User Guide.pdf\" /var/www/html/downloads/mbEditUserGuide.pdf",
                      "ttputfile \"10.0.0.9\" index.html /var/www/html/index.html", tools.runs[6].command,
                      "ttrestore \"10.0.0.9\" config", "ttreboot \"10.0.0.9\" -s=60 -w -a=5"}));
     EXPECT_EQ(ReadBytes(env.TgxBuildPath + "/ADDITIONAL/MBMAP1.csv"), "gateway map\r\n");  // the gateway's, not the user's
-    EXPECT_EQ(ui.questions.at(0).text, "Update TG7 firmware to version 6.3.0\nAre you sure you want to continue");
+    EXPECT_EQ(ui.questions.at(0).text, "Update TG7 firmware to version 6.2.2\nAre you sure you want to continue");
     EXPECT_EQ(wxJoin(wxArrayString(ui.progress.size(), ui.progress.data()), '|', '\0'),
               "begin: Firmware Update | Migrating existing project|pulse: Copying current project file and modbus map from "
               "TG7|pulse: Uploading firmware ...|pulse: Uploading documentation ...|pulse: Uploading website ...|pulse: "

@@ -2,7 +2,6 @@
 #include "mux/mux_rebuild.h"
 #include "mux/mux_scan.h"
 #include "project/project.h"
-#include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
@@ -19,17 +18,10 @@ wxArrayString RowTexts(const std::vector<MuxRow>& rows)
 
 const ToolReply ok{0, {}}, refused{1, {}};
 
-class ScanCommand : public ::testing::Test, protected TestContext {
+class ScanCommand : public ::testing::Test, protected ScratchContext {
 protected:
     ScanCommand()
     {
-        platform.separator = "/";
-        env.TgxBuildPath = dir.path + "/tgxconfigure";
-        env.TgxProjectPath = dir.path;
-        env.FirmwareVersion = "6.2.2";
-        for (const char* sub : {"INCLUDE", "ADDITIONAL", "OUTPUT"})
-            wxFileName::Mkdir(env.TgxBuildPath + "/" + sub, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        LoadDefaultProject(project);
         project.vcpPort = 1772;
         tools.onRun = [this](const wxString& command) {
             if (command.Contains(" inifile "))
@@ -47,7 +39,6 @@ protected:
         MuxScanCommand(ctx);
     }
     static ToolReply Report() { return {0, Lines({"TG7-Plus", "TG7main-v6.2.2-b", "TG7tmpl-v3.1.0"})}; }
-    TempDir dir;
 };
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "commands/project_commands.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
-#include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
@@ -13,19 +12,15 @@ namespace {
 const char* const kUnsavedQuestion =
     "The current project has not been saved and will be lost.\nAre you sure you wish to continue ?";
 
-class ProjectCommands : public ::testing::Test, protected TestContext {
+// A save in automatic map mode builds the configuration: into the scratch installation.
+class ProjectCommands : public ::testing::Test, protected ScratchContext {
 protected:
     ProjectCommands()
     {
-        env.TgxProjectPath = dir.path;
-        // A save in automatic map mode builds the configuration: into the scratch folder, not the current one.
-        platform.separator = "/";
-        env.TgxBuildPath = dir.path;
-        LoadDefaultProject(project);
+        project.projectFilePath.Clear();
         project.projectSaved = 1;
         project.projectOpen = 0;
     }
-    TempDir dir;
 };
 
 }  // namespace

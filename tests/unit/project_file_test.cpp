@@ -2,7 +2,6 @@
 #include "project/project.h"
 #include "project/project_file.h"
 #include "base/text_file.h"
-#include "temp_dir.h"
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
@@ -45,10 +44,9 @@ Project MaximalProject()
 
 Project Loaded(const wxArrayString& lines)
 {
-    TempDir dir;
-    TestContext t;
-    WriteTextLines(dir.path + "/p.prj", lines);
-    ApplyProjectFile(t.ctx, dir.path + "/p.prj");
+    ScratchContext t;
+    WriteTextLines(t.dir.path + "/p.prj", lines);
+    ApplyProjectFile(t.ctx, t.dir.path + "/p.prj");
     return t.project;
 }
 
@@ -173,11 +171,9 @@ TEST(TextFiles, OddFilesReadWithoutHarm)
     TextLines first;
     EXPECT_TRUE(ReadFirstTextLines(path, first) == TextFileRead::Read && first.Bytes() == printed.substr(3));
     EXPECT_EQ(TextLines(Lines({"A\r\nB", "C"})).size(), 3u);
-    // Not there is not the same as there but unreadable; a file with no lines is no project.
+    // Not there is not the same as there but unreadable. (A file with no lines is no project: the
+    // load command's ProjectCommands.LoadRefusesEmptyFilesAndIgnoresCancel.)
     wxArrayString lines;
     EXPECT_EQ(ReadTextFile(dir.path + "/missing.prj", lines), TextFileRead::Missing);
     EXPECT_EQ(ReadTextFile(dir.path, lines), TextFileRead::Refused);
-    TestContext t;
-    wxFile(path, wxFile::write);
-    EXPECT_EQ(ApplyProjectFile(t.ctx, path), ProjectReadResult::NoContent);
 }

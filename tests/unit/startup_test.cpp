@@ -1,17 +1,15 @@
 #include "base/app_context.h"
 #include "commands/startup.h"
 #include "fakes/test_context.h"
-#include "temp_dir.h"
 
 #include "wx_test_support.h"
 
 #include <gtest/gtest.h>
 
-class Startup : public ::testing::Test, protected TestContext {
+class Startup : public ::testing::Test, protected ScratchContext {
 protected:
     Startup()
     {
-        platform.separator = "/";
         platform.documentsDir = "/home/eng/Documents";
         dir.Write("suite/tgxtemplates/BUILD/ct.cfg", "DEV_TYPE Generic a b c d e\nDEV_TYPE KFD2 k b c d e\n");
         platform.registry[{RegistryHive::CurrentUser, kSuiteRegistryKey}] = {
@@ -19,7 +17,6 @@ protected:
         target.targetHost = target.targetEntry = "stale";
         project.projectOpen = 1;
     }
-    TempDir dir;
 };
 
 TEST_F(Startup, ReadsTheInstallationAndStartsWithNoProjectOpen)
