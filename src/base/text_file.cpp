@@ -653,6 +653,36 @@ bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* 
     return WriteFileBytes(path, text, reason, kind);
 }
 
+namespace {
+
+// True when the file already holds `head` then `body` and nothing else, and is on the disk: a save
+// of those bytes is then done without writing the file again.
+bool HoldsAlready(const wxString& path, std::string_view head, std::string_view body)
+{
+    wxLogNull quiet;
+    const wxString target = SaveTarget(path);
+    wxFile file;
+    if (!wxFileExists(target) || !file.Open(target, wxFile::read))
+        return false;
+    const wxFileOffset length = file.Length();
+    if (length < 0 || static_cast<std::size_t>(length) != head.size() + body.size())
+        return false;
+    // Compared a piece at a time: the head first, then the body.
+    char piece[64 * 1024];
+    for (std::string_view part : {head, body}) {
+        while (!part.empty()) {
+            const std::size_t want = std::min(sizeof piece, part.size());
+            if (file.Read(piece, want) != static_cast<ssize_t>(want) || std::memcmp(piece, part.data(), want) != 0)
+                return false;
+            part.remove_prefix(want);
+        }
+    }
+    RemoveLeftSavings(target);
+    return file.Flush();
+}
+
+}  // namespace
+
 bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason, SaveKind kind)
 {
     if (!lines.Savable()) {
@@ -662,7 +692,10 @@ bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reas
     }
     // As for lines of text: a first line that starts with U+FEFF gets a BOM before it.
     const std::string_view bytes = lines.Bytes();
-    if (bytes.substr(0, 3) == "\xEF\xBB\xBF") {
+    const std::string_view bom = bytes.substr(0, 3) == "\xEF\xBB\xBF" ? "\xEF\xBB\xBF" : "";
+    if (kind == SaveKind::Kept && HoldsAlready(path, bom, bytes))
+        return true;
+    if (!bom.empty()) {
         TextFileSave file(path, kind);
         file.Write("\xEF\xBB\xBF");
         file.Write(bytes);

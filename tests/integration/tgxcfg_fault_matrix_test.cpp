@@ -6,6 +6,7 @@
 
 #include <wx/tokenzr.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 
@@ -45,7 +46,9 @@ struct FaultRow {
     std::vector<wxString> args;
     // A line of the simulator's faults.txt; "missing TOOL": TOOL is not on PATH; "remove FILE": FILE
     // is gone first; "readonly FOLDER": nothing can be written into FOLDER; "full": the disk takes no
-    // file larger than 512 bytes (a file size limit stands in for it).
+    // file larger than 512 bytes (a file size limit stands in for it). Before the last two the
+    // project file is given LF line ends, so that a save has to write it; "as-saved " before them
+    // leaves it as the tool saves it.
     const char* fault;
     long status;
     // The runs in the log, "TOOL" when it exited 0, "TOOL:CODE" otherwise.
@@ -178,6 +181,8 @@ const FaultRow kRows[] = {
     {"ConfigureDiskFull", kConfigure, "full", 1, "", kSaveFailed, "boiler_house.prj=same gw/config/app.ini=absent"},
     {"ResaveReadOnly", {"resave", "boiler_house.prj"}, "readonly .", 1, "", kSaveFailed, "boiler_house.prj=same"},
     {"ResaveDiskFull", {"resave", "boiler_house.prj"}, "full", 1, "", kSaveFailed, "boiler_house.prj=same"},
+    {"ResaveOfTheSameBytesWritesNothing", {"resave", "boiler_house.prj"}, "as-saved readonly .", 0, "", "",
+        "boiler_house.prj=same boiler_house.mbd=same"},
     {"ImportMapReadOnly", kImport, "readonly .", 1, "ttgetfile", kSaveFailed, "boiler_house.mbd=same"},
     {"ImportMapDiskFull", kImport, "full", 1, "ttgetfile:5 ttmbprint", kSaveFailed, "boiler_house.mbd=same"},
     {"ImportProjectMapReadOnly", {"import-map", "boiler_house.prj", "--from-project=tank_farm_mux.prj"}, "readonly .", 1, "",
@@ -257,10 +262,17 @@ TEST_P(FaultMatrix, StopsAtTheFailedStepWithItsMessage)
         file.Replace("prj/", "Documents/tgxconfigure/PROJECTS/");
         return dir.path + "/" + file;
     };
-    const wxString fault = row.fault;
+    wxString fault = row.fault;
     wxString rest;
     wxString reason;
 #ifndef _WIN32
+    if (fault.StartsWith("as-saved ", &rest)) {
+        fault = rest;
+    } else if (fault.StartsWith("readonly ") || fault == "full") {
+        std::string bytes = ReadBytes(path("boiler_house.prj"));
+        bytes.erase(std::remove(bytes.begin(), bytes.end(), '\r'), bytes.end());
+        wxFile(path("boiler_house.prj"), wxFile::write).Write(bytes.data(), bytes.size());
+    }
     std::unique_ptr<ReadOnlyFolder> readOnly;
     if (fault.StartsWith("readonly ", &rest)) {
         wxFileName::Mkdir(path("prj/"), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);  // what the tool would make first

@@ -133,6 +133,23 @@ TEST(ProjectFile, ReaderTolerances)
         EXPECT_EQ(c.shown(Loaded(Lines(c.lines))), c.expected) << c.name;
 }
 
+// A save leaves a file that holds its bytes already as it is (the fault matrix saves into a
+// read-only folder); one that differs in its last byte only is written.
+TEST(TextFiles, ASaveComparesEveryByte)
+{
+    TempDir dir;
+    const wxString path = dir.path + "/map.mbd";
+    TextLines lines, changed;
+    const std::string line(98, 'x'), last = line.substr(1) + "y";
+    for (int i = 0; i < 1000; ++i) {
+        lines.Add(std::string_view(line));
+        changed.Add(std::string_view(i < 999 ? line : last));
+    }
+    TextLines read;
+    EXPECT_TRUE(WriteTextLines(path, lines) && WriteTextLines(path, changed) && ReadTextLines(path, read) &&
+                read.Bytes() == changed.Bytes());
+}
+
 // The reader's outcomes; that reading line by line gives the same lines, and that a refused read
 // leaves them, is text_file_fuzz's.
 TEST(TextFiles, OddFilesReadWithoutHarm)
