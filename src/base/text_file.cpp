@@ -314,23 +314,33 @@ bool FindCrLfLines(const ByteBuffer& bytes, std::size_t maxLines, std::size_t& c
 #ifdef __SSE2__
     const __m128i cr = _mm_set1_epi8('\r'), lf = _mm_set1_epi8('\n'), nul = _mm_setzero_si128();
     for (; i + 64 <= size; i += 64) {
-        __m128i block[4];
-        for (int k = 0; k < 4; ++k)
-            block[k] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(data + i + 16 * k));
+        const auto* const at = reinterpret_cast<const __m128i*>(data + i);
+        const __m128i b0 = _mm_loadu_si128(at), b1 = _mm_loadu_si128(at + 1), b2 = _mm_loadu_si128(at + 2),
+                      b3 = _mm_loadu_si128(at + 3);
         // A byte above 0x7F (its high bit) or NUL (the smallest byte).
-        const __m128i any = _mm_or_si128(_mm_or_si128(block[0], block[1]), _mm_or_si128(block[2], block[3]));
-        const __m128i least = _mm_min_epu8(_mm_min_epu8(block[0], block[1]), _mm_min_epu8(block[2], block[3]));
+        const __m128i any = _mm_or_si128(_mm_or_si128(b0, b1), _mm_or_si128(b2, b3));
+        const __m128i least = _mm_min_epu8(_mm_min_epu8(b0, b1), _mm_min_epu8(b2, b3));
         if ((_mm_movemask_epi8(any) | _mm_movemask_epi8(_mm_cmpeq_epi8(least, nul))) != 0)
             return false;
-        std::uint64_t crs = 0, feeds = 0;
-        for (int k = 0; k < 4; ++k) {
-            crs |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block[k], cr)))) << (16 * k);
-            feeds |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block[k], lf)))) << (16 * k);
-        }
+        const __m128i l0 = _mm_cmpeq_epi8(b0, lf), l1 = _mm_cmpeq_epi8(b1, lf), l2 = _mm_cmpeq_epi8(b2, lf),
+                      l3 = _mm_cmpeq_epi8(b3, lf);
+        const auto mask = [](__m128i matches) {
+            return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(matches)));
+        };
+        const std::uint64_t crs = mask(_mm_cmpeq_epi8(b0, cr)) | mask(_mm_cmpeq_epi8(b1, cr)) << 16 |
+                                  mask(_mm_cmpeq_epi8(b2, cr)) << 32 | mask(_mm_cmpeq_epi8(b3, cr)) << 48;
+        std::uint64_t feeds = mask(l0) | mask(l1) << 16 | mask(l2) << 32 | mask(l3) << 48;
         // Every LF right after a CR and every CR right before an LF.
         if ((crs << 1 | (afterCr ? 1u : 0u)) != feeds)
             return false;
         afterCr = (crs >> 63) != 0;
+        // The LFs counted by bytes: each match is -1, at most four to a byte.
+        const __m128i sums = _mm_sad_epu8(_mm_sub_epi8(nul, _mm_add_epi8(_mm_add_epi8(l0, l1), _mm_add_epi8(l2, l3))), nul);
+        const auto lines = static_cast<std::size_t>(_mm_cvtsi128_si32(sums) + _mm_cvtsi128_si32(_mm_unpackhi_epi64(sums, sums)));
+        if (count + lines < maxLines) {
+            count += lines;
+            continue;
+        }
         for (; feeds != 0; feeds &= feeds - 1)
             lineFeed(i + static_cast<std::size_t>(__builtin_ctzll(feeds)));
     }
