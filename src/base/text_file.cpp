@@ -581,6 +581,11 @@ bool TextFileSave::Finish(wxString* reason)
         saved = file_.Close() && saved;
     if (saved) {
         TakeMode(temporary_, target_);
+        // A scratch file's old copy is removed first: renamed over, it would have the file
+        // system write the new one out at once (ext4 does so for a file replaced by a rename),
+        // which costs a build more than the write itself. Nothing reads the folder meanwhile.
+        if (kind_ == SaveKind::Scratch)
+            wxRemoveFile(target_);
         saved = ReplaceFile(temporary_, target_);
     }
     if (saved) {
