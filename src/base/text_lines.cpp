@@ -4,6 +4,69 @@
 
 #include <wx/strconv.h>
 
+#include <cstdint>
+#include <new>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
+
+#ifdef __linux__
+namespace {
+
+constexpr std::size_t kPageBytes = 4096;
+
+// The pages a block takes: its last part fills a whole large page when it fills at least three
+// quarters of one (a large page must lie whole in the mapping), else it takes pages of 4 KiB.
+std::size_t MappedBytes(std::size_t bytes)
+{
+    const std::size_t tail = bytes % kLargeBlockBytes;
+    if (tail >= kLargeBlockBytes / 4 * 3)
+        return bytes - tail + kLargeBlockBytes;
+    return (bytes + kPageBytes - 1) / kPageBytes * kPageBytes;
+}
+
+}  // namespace
+
+// Mapped at a large page's boundary, so that every whole large page of the block can be one.
+void* AllocateLargeBlock(std::size_t bytes)
+{
+    const std::size_t size = MappedBytes(bytes);
+    void* const mapped = ::mmap(nullptr, size + kLargeBlockBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED)
+        throw std::bad_alloc();
+    char* const start = static_cast<char*>(mapped);
+    const std::size_t offset = (kLargeBlockBytes - reinterpret_cast<std::uintptr_t>(start) % kLargeBlockBytes) % kLargeBlockBytes;
+    char* const block = start + offset;
+    if (offset != 0)
+        ::munmap(start, offset);
+    ::munmap(block + size, kLargeBlockBytes - offset);
+    const std::size_t large = size / kLargeBlockBytes * kLargeBlockBytes;
+    ::madvise(block, large, MADV_HUGEPAGE);
+#ifdef MADV_POPULATE_WRITE
+    // The small pages made at once, in one call rather than a fault each.
+    if (large < size)
+        ::madvise(block + large, size - large, MADV_POPULATE_WRITE);
+#endif
+    return block;
+}
+
+void FreeLargeBlock(void* block, std::size_t bytes) noexcept
+{
+    ::munmap(block, MappedBytes(bytes));
+}
+#else
+void* AllocateLargeBlock(std::size_t bytes)
+{
+    return ::operator new(bytes);
+}
+
+void FreeLargeBlock(void* block, std::size_t) noexcept
+{
+    ::operator delete(block);
+}
+#endif
+
 TextLines::TextLines(const wxArrayString& lines)
 {
     for (const wxString& line : lines)

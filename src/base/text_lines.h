@@ -17,8 +17,17 @@
 #include <utility>
 #include <vector>
 
+// Blocks of at least kLargeBlockBytes (a map file's bytes) are taken from the system in pages that
+// the system may back with large pages where it offers them (Linux), so that reading a map into
+// fresh memory costs a few page faults instead of one per 4 KiB. The waste is less than a quarter
+// of a large page. Elsewhere they are ordinary allocations. Throws std::bad_alloc as `new` does.
+constexpr std::size_t kLargeBlockBytes = std::size_t{2} << 20;
+void* AllocateLargeBlock(std::size_t bytes);
+void FreeLargeBlock(void* block, std::size_t bytes) noexcept;
+
 // An allocator whose elements are left as they are when a vector grows (default-initialised, not
-// zeroed): a file's bytes read into such a vector are written once, by the read.
+// zeroed): a file's bytes read into such a vector are written once, by the read. Large blocks as
+// above.
 template <class T>
 struct UninitializedAllocator : std::allocator<T> {
     template <class U>
@@ -39,6 +48,19 @@ struct UninitializedAllocator : std::allocator<T> {
     void construct(U* p, Args&&... args)
     {
         ::new (static_cast<void*>(p)) U(std::forward<Args>(args)...);
+    }
+    T* allocate(std::size_t n)
+    {
+        if (n >= kLargeBlockBytes / sizeof(T))
+            return static_cast<T*>(AllocateLargeBlock(n * sizeof(T)));
+        return std::allocator<T>::allocate(n);
+    }
+    void deallocate(T* p, std::size_t n) noexcept
+    {
+        if (n >= kLargeBlockBytes / sizeof(T))
+            FreeLargeBlock(p, n * sizeof(T));
+        else
+            std::allocator<T>::deallocate(p, n);
     }
 };
 
