@@ -1,9 +1,8 @@
 // The floor of scripts/bench.sh for tgxcfg's whole commands: a process that reads files and
 // writes the same bytes elsewhere, each in one call, and flushes each written file to the disk
 // as every save of the tool does; a pair given after --no-flush is left in the system's cache
-// (the generator's inputs of the build folder), and --again writes the bytes last read to one
-// more file, flushed (--again-no-flush: left in the cache). No toolkit: nothing but the C library.
-//   same_bytes FROM TO [FROM TO | --no-flush FROM TO | --again TO | --again-no-flush TO]...
+// (the generator's inputs of the build folder). No toolkit: nothing but the C library.
+//   same_bytes FROM TO [FROM TO | --no-flush FROM TO]...
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -54,15 +53,6 @@ int main(int argc, char** argv)
 {
     std::string bytes;
     for (int i = 1; i < argc;) {
-        const bool again = std::strcmp(argv[i], "--again") == 0, scratch = std::strcmp(argv[i], "--again-no-flush") == 0;
-        if ((again || scratch) && i + 1 < argc) {
-            if (!WriteWhole(argv[i + 1], bytes, again)) {
-                std::fprintf(stderr, "same_bytes: cannot write %s\n", argv[i + 1]);
-                return 1;
-            }
-            i += 2;
-            continue;
-        }
         const bool flush = std::strcmp(argv[i], "--no-flush") != 0;
         i += flush ? 0 : 1;
         if (i + 1 >= argc || !ReadWhole(argv[i], bytes) || !WriteWhole(argv[i + 1], bytes, flush)) {

@@ -124,15 +124,6 @@ read -r ratio a one <<<"$(pairs configure configure_one)"
 printf 'bench: configure, instant tools = %.2fx the one-device project (aim <= 1.5x; %.1f ms against %.1f ms; %.1f MB against %.1f MB)\n' \
   "$ratio" "$a" "$one" "$(peak_kb "$tgxcfg" configure max.prj --target=127.0.0.1 | awk '{ print $1 / 1024 }')" \
   "$(peak_kb "$tgxcfg" configure one.prj --target=127.0.0.1 | awk '{ print $1 / 1024 }')"
-# What the larger files alone add to the one-device run: the map read once, saved (flushed) and
-# written again to the build folder (left in the cache, as the generator's inputs are), and the
-# project file saved and copied.
-map_twice() { "$same" max.mbd floor1.mbd --again-no-flush floor2.mbd max.prj floor.prj --no-flush max.prj floor2.prj; }
-map_twice_one() { "$same" one.mbd floor1.mbd --again-no-flush floor2.mbd one.prj floor.prj --no-flush one.prj floor2.prj; }
-read -r _ a b <<<"$(pairs map_twice map_twice_one)"
-printf 'bench: configure'"'"'s floor = %.2fx the one-device project (its run plus %.1f ms: the larger files written alone)\n' \
-  "$(awk -v a="$a" -v b="$b" -v one="$one" 'BEGIN { print (one + a - b) / one }')" "$(awk -v a="$a" -v b="$b" 'BEGIN { print a - b }')"
-
 # export-map, CSV and the text table: against writing the same bytes, flushed as the export is.
 for layout in csv txt; do
   export_map() { "$tgxcfg" export-map max.prj "exported.$layout"; }
