@@ -7,11 +7,20 @@
 #include <cstdint>
 #include <new>
 
-#ifdef __linux__
-#include <sys/mman.h>
+// Under AddressSanitizer large blocks are ordinary allocations, which it watches; mapped pages it
+// does not.
+#if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
+#define TGX_MAPPED_LARGE_BLOCKS 1
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#undef TGX_MAPPED_LARGE_BLOCKS
+#endif
+#endif
 #endif
 
-#ifdef __linux__
+#ifdef TGX_MAPPED_LARGE_BLOCKS
+#include <sys/mman.h>
+
 namespace {
 
 constexpr std::size_t kPageBytes = 4096;
