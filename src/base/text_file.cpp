@@ -676,6 +676,12 @@ bool HoldsAlready(const wxString& path, std::string_view head, std::string_view 
 {
     wxLogNull quiet;
     const wxString target = SaveTarget(path);
+#ifndef __WINDOWS__
+    // Only a plain file: opening a named pipe to read it would wait for a writer.
+    struct stat info;
+    if (::stat(target.fn_str(), &info) != 0 || !S_ISREG(info.st_mode))
+        return false;
+#endif
     wxFile file;
     if (!wxFileExists(target) || !file.Open(target, wxFile::read))
         return false;
