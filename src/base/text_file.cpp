@@ -682,8 +682,13 @@ bool HoldsAlready(const wxString& path, std::string_view head, std::string_view 
     if (::stat(target.fn_str(), &info) != 0 || !S_ISREG(info.st_mode))
         return false;
 #endif
+#ifdef __WINDOWS__
+    const wxFile::OpenMode mode = wxFile::read_write;  // Windows flushes only a file open for writing
+#else
+    const wxFile::OpenMode mode = wxFile::read;
+#endif
     wxFile file;
-    if (!wxFileExists(target) || !file.Open(target, wxFile::read))
+    if (!wxFileExists(target) || !file.Open(target, mode))
         return false;
     const wxFileOffset length = file.Length();
     if (length < 0 || static_cast<std::size_t>(length) != head.size() + body.size())
