@@ -676,19 +676,19 @@ bool HoldsAlready(const wxString& path, std::string_view head, std::string_view 
 {
     wxLogNull quiet;
     const wxString target = SaveTarget(path);
-#ifndef __WINDOWS__
+#ifdef __WINDOWS__
+    if (!wxFileExists(target))
+        return false;
+    const wxFile::OpenMode mode = wxFile::read_write;  // Windows flushes only a file open for writing
+#else
     // Only a plain file: opening a named pipe to read it would wait for a writer.
     struct stat info;
     if (::stat(target.fn_str(), &info) != 0 || !S_ISREG(info.st_mode))
         return false;
-#endif
-#ifdef __WINDOWS__
-    const wxFile::OpenMode mode = wxFile::read_write;  // Windows flushes only a file open for writing
-#else
     const wxFile::OpenMode mode = wxFile::read;
 #endif
     wxFile file;
-    if (!wxFileExists(target) || !file.Open(target, mode))
+    if (!file.Open(target, mode))
         return false;
     const wxFileOffset length = file.Length();
     if (length < 0 || static_cast<std::size_t>(length) != head.size() + body.size())
