@@ -51,8 +51,8 @@ bool ReadTextLines(const wxString& path, TextLines& lines);
 // How a save ends. A kept file (a project, its map, an export) is flushed to the disk before it
 // takes the old one's place. A scratch file (an input of the build folder that a tool of the same
 // run reads at once and the next run writes anew) takes its place from the system's cache: it is
-// still written whole and put in place in one step, but a machine that stops loses it with the
-// run that made it.
+// still written whole before it appears, but its old copy is removed first (a run that stops in
+// between leaves none) and a machine that stops loses it with the run that made it.
 enum class SaveKind { Kept, Scratch };
 
 // Writes the lines in UTF-8 (with a BOM only when the first line starts with U+FEFF, so that it
@@ -65,7 +65,8 @@ enum class SaveKind { Kept, Scratch };
 // words for why ("No space left on device").
 bool WriteTextLines(const wxString& path, const wxArrayString& lines, wxString* reason = nullptr,
                     SaveKind kind = SaveKind::Kept);
-// The same for lines kept as bytes: their bytes are written as they are.
+// The same for lines kept as bytes: their bytes are written as they are. A kept file that holds
+// those bytes already is flushed and left as it is (its time stamp too).
 bool WriteTextLines(const wxString& path, const TextLines& lines, wxString* reason = nullptr,
                     SaveKind kind = SaveKind::Kept);
 
