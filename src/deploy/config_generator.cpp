@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -115,9 +116,13 @@ int ConfigModeCode(const Project& project)
     return 0;
 }
 
+// Each setting is 0 or 1 in a file the tool wrote; any other number a project file holds wraps
+// around in 32 bits, as the sum always did, instead of overflowing.
 int FloatSwapCode(const Project& project)
 {
-    return 2 * project.floatSwapBytes + 4 * project.floatSwapWords + 8 * project.floatSwapLongs;
+    const auto bits = [](int value) { return static_cast<std::uint32_t>(value); };
+    return static_cast<int>(2u * bits(project.floatSwapBytes) + 4u * bits(project.floatSwapWords) +
+                            8u * bits(project.floatSwapLongs));
 }
 
 wxArrayString BuildCtIniLines(const Project& project, const DeviceTypeTable& deviceTypes)
